@@ -1,0 +1,21 @@
+#pragma once
+
+namespace tarn {
+
+/// Base of what can stand in a constant pool: names, types, symbols, and pairs of name and type.
+///
+/// While a class is written the one field says which slot of its pool the object has, so that a pool needs no table to
+/// find it again. It is 0 if the object has none, and goes back to 0 when that pool is done.
+class PoolEntry {
+public:
+    virtual ~PoolEntry() = default;
+
+    int poolIndex = 0;
+
+protected:
+    PoolEntry() = default;
+    PoolEntry(const PoolEntry&) = default;
+    PoolEntry& operator=(const PoolEntry&) = default;
+};
+
+} // namespace tarn
