@@ -28,8 +28,8 @@ constexpr Date NO_DATE = -1;
 /// A place where a file or a directory may be, whether or not anything is there.
 ///
 /// The compiler holds stores, not paths, so that what comes from an archive or from memory is handled like what lies on
-/// disk. Operations that fail throw IoFailure with an English text, unless their comment says otherwise. Stores are used
-/// by one thread and close themselves after each read and write.
+/// disk. Operations that fail throw IoFailure with an English text, unless their comment says otherwise. Stores are
+/// used by one thread and close themselves after each read and write.
 class Store : public std::enable_shared_from_this<Store> {
 public:
     virtual ~Store() = default;
