@@ -45,7 +45,8 @@ Message message(MessageId id);
 Message bind(Message message, std::string_view argument, int n);
 
 /// Reads the translated catalogue, `lib/VXQ.properties` below `keelwright.home`, if the user's language is not English
-/// and the file exists. Whatever keeps it from being read leaves English texts. Called once at start.
+/// and the file exists. Whatever keeps it from being read leaves English texts. The first message that is made does
+/// this by itself; a call reads it anew.
 void loadTranslation();
 
 } // namespace tarn

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] int warningCount() const override { return warnings_; }
 
 private:
-    void report(std::string_view kind, const StoreRef& source, int position, const Message& message);
+    void show(std::string_view kind, const StoreRef& source, int position, const Message& message);
     void showLine(const StoreRef& source, int line, int column);
     void load(const StoreRef& source);
     void findLine(int line);
@@ -58,7 +58,7 @@ private:
 
     // The file shown last and the line where the search for the next one may start.
     StoreRef source_;
-    std::string text_;          ///< its contents, in UTF-8
+    std::string text_;          ///< its contents as the scanner sees them; each byte is a Latin-1 character
     int line_ = 0;              ///< number of the line shown last, counted from 1; 0 if none
     std::size_t lineStart_ = 0; ///< offset of its first byte
     std::size_t lineEnd_ = 0;   ///< offset behind its last one, before the line end

@@ -1,0 +1,122 @@
+#include "runtime/big_stack.h"
+
+#include <exception>
+#include <pthread.h>
+#include <sys/mman.h>
+#include <ucontext.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/common_interface_defs.h>
+#endif
+
+namespace tarn {
+
+namespace detail {
+constinit std::uintptr_t stackLimit = 0;
+}
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+// The sanitizer unpoisons a stack when an exception passes, but only up to 64 MB.
+constexpr std::size_t wantedSize = std::size_t(60) << 20;
+#else
+constexpr std::size_t wantedSize = std::size_t(1) << 30;
+#endif
+constexpr std::size_t smallestSize = std::size_t(16) << 20;
+constexpr std::size_t guardSize = 64 * 1024;
+
+struct StackMemory {
+    void* base = nullptr; ///< null if the system gave none
+    std::size_t size = 0;
+};
+
+/// Takes less where the system limits the address space of a process.
+StackMemory mapStack() {
+    for (std::size_t size = wantedSize; size >= smallestSize; size /= 2) {
+        int flags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_STACK;
+        void* base = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, flags, -1, 0);
+        if (base == MAP_FAILED) continue;
+        ::mprotect(base, guardSize, PROT_NONE);
+        ::madvise(base, size, MADV_NOHUGEPAGE); // the first touch need not clear two megabytes
+        return {base, size};
+    }
+    return {};
+}
+
+/// One excursion to the big stack and back.
+struct Excursion {
+    void (*function)(void*);
+    void* argument;
+    std::exception_ptr thrown;
+    ucontext_t home;
+    ucontext_t away;
+#if defined(__SANITIZE_ADDRESS__)
+    const void* homeBase = nullptr;
+    std::size_t homeSize = 0;
+#endif
+};
+Excursion* current = nullptr;
+
+/// An exception cannot unwind through the switch, so it is carried over by hand.
+void enterAway() {
+    Excursion& excursion = *current;
+#if defined(__SANITIZE_ADDRESS__)
+    __sanitizer_finish_switch_fiber(nullptr, &excursion.homeBase, &excursion.homeSize);
+#endif
+    try {
+        excursion.function(excursion.argument);
+    } catch (...) {
+        excursion.thrown = std::current_exception();
+    }
+#if defined(__SANITIZE_ADDRESS__)
+    __sanitizer_start_switch_fiber(nullptr, excursion.homeBase, excursion.homeSize);
+#endif
+}
+
+void travel(Excursion& excursion, const StackMemory& memory) {
+    ::getcontext(&excursion.away);
+    excursion.away.uc_stack.ss_sp = memory.base;
+    excursion.away.uc_stack.ss_size = memory.size;
+    excursion.away.uc_link = &excursion.home;
+    ::makecontext(&excursion.away, enterAway, 0);
+#if defined(__SANITIZE_ADDRESS__)
+    void* fakeStack = nullptr;
+    __sanitizer_start_switch_fiber(&fakeStack, memory.base, memory.size);
+#endif
+    ::swapcontext(&excursion.home, &excursion.away);
+#if defined(__SANITIZE_ADDRESS__)
+    __sanitizer_finish_switch_fiber(fakeStack, nullptr, nullptr);
+#endif
+}
+
+} // namespace
+
+std::uintptr_t detail::findStackLimit() {
+    pthread_attr_t attributes;
+    void* base = nullptr;
+    std::size_t size = 0;
+    if (::pthread_getattr_np(::pthread_self(), &attributes) == 0) {
+        ::pthread_attr_getstack(&attributes, &base, &size);
+        ::pthread_attr_destroy(&attributes);
+    }
+    // Without an answer: what every system gives a process, below where it stands now.
+    if (!base) base = static_cast<char*>(__builtin_frame_address(0)) - (1 << 20);
+    return stackLimit = reinterpret_cast<std::uintptr_t>(base) + guardSize;
+}
+
+void runOnBigStack(void (*function)(void*), void* argument) {
+    StackMemory memory = mapStack();
+    if (!memory.base) return function(argument);
+    std::uintptr_t limitBefore = detail::stackLimit;
+    detail::stackLimit = reinterpret_cast<std::uintptr_t>(memory.base) + guardSize;
+    Excursion excursion{function, argument, {}, {}, {}};
+    current = &excursion;
+    travel(excursion, memory);
+    current = nullptr;
+    detail::stackLimit = limitBefore;
+    ::munmap(memory.base, memory.size);
+    if (excursion.thrown) std::rethrow_exception(excursion.thrown);
+}
+
+} // namespace tarn
