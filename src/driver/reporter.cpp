@@ -4,6 +4,7 @@
 #include "runtime/console.h"
 #include "runtime/failure.h"
 #include "runtime/utf8.h"
+#include "store/encoding.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -75,7 +76,7 @@ void ConsoleReporter::warning(const StoreRef& source, int position, const Messag
 }
 
 void ConsoleReporter::show(std::string_view kind, const StoreRef& source, int position, const Message& message) {
-    int line = position >> 10;
+    int line = static_cast<int>(static_cast<unsigned>(position) >> 10);
     std::string head;
     if (source && position != 0) {
         head += source->canonicalPath().value_or(source->path());
@@ -108,6 +109,7 @@ void ConsoleReporter::showLine(const StoreRef& source, int line, int column) {
 void ConsoleReporter::load(const StoreRef& source) {
     if (source == source_) return;
     Bytes bytes = source->read();
+    if (std::optional<Bytes> decoded = decodeSource(bytes, encoding_)) bytes = std::move(*decoded);
     text_.assign(bytes.begin(), bytes.end());
     source_ = source;
     line_ = 0;
