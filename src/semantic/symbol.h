@@ -17,8 +17,8 @@ class Name;
 class Scope;
 class VarDef;
 
-/// A declared entity, and at the same time the scope entry through which it is found. Symbols belong to the Context (those
-/// of locals to their unit) and are handed around as plain pointers.
+/// A declared entity, and at the same time the scope entry through which it is found. Symbols belong to the Context
+/// (those of locals to their unit) and are handed around as plain pointers.
 class Symbol : public PoolEntry {
 public:
     void init(std::uint32_t flags_, int kind_, Name* name_, Type* type_, Symbol* owner_) {
@@ -85,8 +85,8 @@ public:
 /// An operator of the predefined class: found by overload resolution like any method.
 class OperatorSymbol final : public MethodSymbol {
 public:
-    /// 0: no instruction. Below 0x100: a JVM opcode. From 0x200: a compare in the bits above 9 and the branch on its result
-    /// in the low 9 bits. The values between are those of `vop`.
+    /// 0: no instruction. Below 0x100: a JVM opcode. From 0x200: a compare in the bits above 9 and the branch on its
+    /// result in the low 9 bits. The values between are those of `vop`.
     int opcode = 0;
 };
 

@@ -76,7 +76,8 @@ public:
     /// Builds the symbol too: a public class of that name in the root package, without members.
     void init(int tag_, Name* name);
 
-    /// How messages show the type: the flat name of the symbol; "int[]"; "(int) -> void". A constant prints as its base.
+    /// How messages show the type: the flat name of the symbol; "int[]"; "(int) -> void". A constant prints as its
+    /// base.
     [[nodiscard]] virtual std::string toString() const;
     [[nodiscard]] bool isConstant() const { return constant; }
     /// The constant of that tag with the same value, without narrowing; only on a constant.
@@ -208,8 +209,8 @@ bool isSubTypes(Types a, Types b);
 bool sameTypes(Types a, Types b);
 /// Whether a cast between the types can be legal.
 bool isCastable(Type* from, Type* to);
-/// The common type of two branches; also merges the types of the statements of a block. Reports at `pos` if there is none
-/// and gives the error type.
+/// The common type of two branches; also merges the types of the statements of a block. Reports at `pos` if there is
+/// none and gives the error type.
 Type* conditionalType(int pos, Type* a, Type* b);
 /// Whether an error was reported for the type or a part of it; false for null.
 bool isErroneous(const Type* type);

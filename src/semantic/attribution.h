@@ -1,0 +1,32 @@
+#pragma once
+
+#include "semantic/env.h"
+#include "semantic/symbol.h"
+
+namespace tarn {
+
+/// Checks that attribution shares. Attribution itself is the operation `attr` of the trees: it stores symbol and type
+/// of each node and reports what does not fit. The expected kind is a mask of kinds; the expected type is what the
+/// result must be assignable to, `anythingType` for no expectation.
+namespace attribution {
+
+/// Whether `found` has no bits that `expected` has not; reports otherwise.
+bool checkKind(int pos, int found, int expected);
+/// `found`, or the error type after a report. A constant keeps its identity through it.
+Type* checkAssignable(int pos, Type* found, Type* required);
+Type* checkNonVoid(int pos, Type* type);
+Type* checkRefType(int pos, Type* type);
+/// Reports the first exception of a method type that is neither handled nor unchecked.
+void checkThrown(int pos, Type* type, TypeList* handled);
+/// The first of `thrown` that is checked and not contained in `handled`; null if none.
+Type* unhandled(TypeList* thrown, TypeList* handled);
+Symbol* checkNonStaticRef(int pos, Symbol* sym);
+void checkAbstractRef(int pos, Symbol* sym);
+bool isStaticContext(Env* env, const Symbol* c);
+bool isBlankFinalRefused(Env* env, VarSymbol* v);
+void warnDeprecated(int pos, Symbol* sym);
+/// Settles the constant value of a final variable whose declaration may not be attributed yet.
+void evalConst(VarSymbol* v);
+
+} // namespace attribution
+} // namespace tarn

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "runtime/arena.h"
+#include "semantic/symbol.h"
+#include "semantic/type.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace tarn {
+
+class Scope;
+
+/// What exists before any source is read: the primitive and pseudo types, the well-known classes, the tables that
+/// intern types, and a predefined class whose members are `null`, `true`, `false`, the primitive type names and the
+/// operators.
+///
+/// Operators are methods of that class, so an operator expression is resolved by the same overload search as a call,
+/// and the symbol that wins carries the bytecode. Made in two steps, since the well-known classes can be loaded only
+/// after the class path is set: construction, and `initUniverse` when a compile starts.
+class Universe {
+public:
+    Universe();
+    Universe(const Universe&) = delete;
+    Universe& operator=(const Universe&) = delete;
+    virtual ~Universe() = default;
+
+    /// Loads the well-known classes and enters the operators; does nothing the second time. Throws ClassNotFound if a
+    /// class cannot be had; `initialized` stays false then.
+    void initUniverse();
+
+    // Makers of what lives as long as the run.
+    MethodType* methodType(Types args, Type* result, TypeList* thrown);
+    ArrayType* arrayType(Type* element);
+    IntConstant* intConstant(int tag, std::int32_t value);
+    LongConstant* longConstant(int tag, std::int64_t value);
+    FloatConstant* floatConstant(int tag, float value);
+    DoubleConstant* doubleConstant(int tag, double value);
+    StringConstant* stringConstant(int tag, Name* text);
+    /// A plain type of that tag and symbol.
+    Type* classType(int tag, ClassSymbol* symbol);
+    TypeList* typeList(Type* head, TypeList* tail);
+    /// A class symbol of that flat name and owner, with its type; no members, in no table.
+    ClassSymbol* newClass(std::uint32_t flags, Name* flatName, Symbol* owner);
+    /// A package symbol of that full name (null for the root package); in no table.
+    ClassSymbol* newPackage(Name* fullName, Symbol* owner);
+    /// A copy of the types that lives as long as the run.
+    Types copyTypes(Types types);
+
+    Arena arena; ///< owns symbols, types, scopes and environments that outlive a unit
+
+    std::array<Type*, TYPE_TAGS> typeOfTag{}; ///< by tag; for CLASS the pseudo type "java.lang.String"
+    std::array<Name*, TYPE_TAGS> boxOfTag{};  ///< flat name of the wrapper class of a primitive tag, else null
+    Scope* emptyScope = nullptr;              ///< members of a class symbol that has no scope of its own
+    ClassSymbol* rootPackage = nullptr;       ///< without a name; also the unnamed package of sources
+    ClassSymbol* predefClass = nullptr;       ///< has no name
+    Type* byteType = nullptr;
+    Type* shortType = nullptr;
+    Type* charType = nullptr;
+    Type* intType = nullptr;
+    Type* longType = nullptr;
+    Type* floatType = nullptr;
+    Type* doubleType = nullptr;
+    Type* booleanType = nullptr;
+    Type* voidType = nullptr;
+    Type* arrayBase = nullptr;    ///< pseudo type whose symbol has the members of any array
+    Type* functionBase = nullptr; ///< pseudo type whose symbol is that of every method type
+    Type* stringBase = nullptr;   ///< pseudo type whose symbol is that of every string constant
+    Type* nullType = nullptr;
+    ClassSymbol* objectClass = nullptr;
+    ClassSymbol* classClass = nullptr;
+    ClassSymbol* stringClass = nullptr;
+    ClassSymbol* throwableClass = nullptr;
+    ClassSymbol* errorClass = nullptr;
+    ClassSymbol* runtimeExceptionClass = nullptr;
+    Type* objectType = nullptr;
+    Type* classClassType = nullptr; ///< of java.lang.Class
+    Type* stringType = nullptr;
+    Type* throwableType = nullptr;
+    Type* errorType = nullptr; ///< of java.lang.Error; the type of failed attribution is `errType`
+    Type* runtimeExceptionType = nullptr;
+    VarSymbol* nullSym = nullptr;
+    VarSymbol* trueSym = nullptr;
+    VarSymbol* falseSym = nullptr;
+    ClassSymbol* evaluatorContextClass = nullptr; ///< only while expressions are evaluated for a host
+    TypeList* throwableList = nullptr;
+    VarSymbol* lengthVar = nullptr; ///< the `length` of arrays
+    Scope* arrayMembers = nullptr;
+    Scope* predefScope = nullptr; ///< members of `predefClass`
+    bool initialized = false;
+
+private:
+    Type* primitive(int tag, std::string_view name, std::string_view boxName = {});
+    void enterPredefinedTypes();
+    void loadWellKnownClasses();
+    void makeArrayClass();
+    void enterLiteralNames();
+    void enterOperators();
+    ClassSymbol* loadWellKnown(std::string_view flatName, Type*& type);
+
+    std::array<ArrayType*, 512> arrayTypes_{};
+    std::array<MethodType*, 2048> methodTypes_{};
+    std::array<ConstantType*, 1024> constantTypes_{};
+};
+
+/// Process-wide, valid for all contexts once the first was made.
+extern Type* errType;      ///< tag ERROR, printed "<any>"
+extern Type* anythingType; ///< tag ANYTHING, printed "<anything>"
+extern Symbol* errSymbol;  ///< what a failed search becomes after its report
+
+/// Names that the compiler itself speaks of; entered at the first use of the table.
+struct WellKnownNames {
+    Name* init;   ///< "<init>"
+    Name* clinit; ///< "<clinit>"
+    Name* this_;
+    Name* super;
+    Name* class_;
+    Name* error; ///< "<error>", the name of an identifier that failed to parse
+    Name* empty;
+    Name* dot;
+    Name* star;
+    Name* length;
+    Name* javaLang; ///< "java.lang"
+    Name* javaLangObject;
+    Name* javaLangCloneable;
+    Name* null_;
+    Name* true_;
+    Name* false_;
+};
+const WellKnownNames& names();
+
+} // namespace tarn
