@@ -119,6 +119,7 @@ public:
     void close() override {}
 
 private:
+    [[nodiscard]] std::string_view fullName() const;
     [[nodiscard]] int entry() const;
 
     std::shared_ptr<ArchiveStore> archive_; ///< never null
