@@ -7,6 +7,7 @@
 #include "syntax/name.h"
 
 #include "runtime/arena.h"
+#include "runtime/utf8.h"
 #include "syntax/token.h"
 
 #include <array>
@@ -180,6 +181,12 @@ unsigned readEscape(const std::uint8_t*& in, const std::uint8_t* end) {
     }
 }
 
+/// The next unit of a source text. A backslash at the end stands for itself.
+unsigned readSourceUnit(const std::uint8_t*& in, const std::uint8_t* end) {
+    std::uint8_t byte = *in++;
+    return byte == '\\' && in != end ? readEscape(in, end) : byte;
+}
+
 /// The unit of the next group of class-file UTF-8. Trusts continuation bytes; a group that the end cuts off counts as
 /// the value of its first byte.
 unsigned readUnit(const std::uint8_t*& in, const std::uint8_t* end) {
@@ -210,20 +217,6 @@ unsigned readCodePoint(const std::uint8_t*& in, const std::uint8_t* end) {
     if (overlong || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return first;
     in += more;
     return code;
-}
-
-void appendUtf8(std::string& text, unsigned code) {
-    if (code < 0x80) {
-        text += static_cast<char>(code);
-    } else if (code < 0x800) {
-        text += {static_cast<char>(0xC0 | code >> 6), static_cast<char>(0x80 | (code & 0x3F))};
-    } else if (code < 0x10000) {
-        text += {static_cast<char>(0xE0 | code >> 12), static_cast<char>(0x80 | (code >> 6 & 0x3F)),
-                 static_cast<char>(0x80 | (code & 0x3F))};
-    } else {
-        text += {static_cast<char>(0xF0 | code >> 18), static_cast<char>(0x80 | (code >> 12 & 0x3F)),
-                 static_cast<char>(0x80 | (code >> 6 & 0x3F)), static_cast<char>(0x80 | (code & 0x3F))};
-    }
 }
 
 const std::uint8_t* bytesOf(std::string_view text) {
@@ -257,12 +250,12 @@ Name* Name::fromSource(const std::uint8_t* bytes, std::size_t length) {
     std::uint8_t* start = scratch.take(2 * length);
     std::uint8_t* out = start;
     const std::uint8_t* end = bytes + length;
-    for (const std::uint8_t* in = bytes; in != end;) {
-        unsigned unit = *in++;
-        if (unit == '\\' && in != end) unit = readEscape(in, end);
-        out = putUnit(out, unit);
-    }
+    for (const std::uint8_t* in = bytes; in != end;) out = putUnit(out, readSourceUnit(in, end));
     return fromBytes(start, static_cast<std::size_t>(out - start));
+}
+
+int Name::firstUnitOfSource(const std::uint8_t* bytes, std::size_t length) {
+    return length == 0 ? -1 : static_cast<int>(readSourceUnit(bytes, bytes + length));
 }
 
 Name* Name::fromString(std::string_view utf8) {
@@ -331,7 +324,7 @@ std::string Name::toString() const {
                 in = behind;
             }
         }
-        appendUtf8(text, isHighSurrogate(code) || isLowSurrogate(code) ? 0xFFFD : code);
+        appendUtf8(text, code);
     }
     return text;
 }

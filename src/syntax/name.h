@@ -31,6 +31,8 @@ public:
     /// The name of a range of source text, whose escapes (`\n`, `\"`, `\u0041`, ...) are resolved. Bytes from 128 up
     /// and 0 count as the Latin-1 character of that value.
     static Name* fromSource(const std::uint8_t* bytes, std::size_t length);
+    /// The first UTF-16 unit of what `fromSource` makes of the range; -1 if that is empty.
+    static int firstUnitOfSource(const std::uint8_t* bytes, std::size_t length);
     /// The name of a text in ordinary UTF-8 (invalid bytes count as Latin-1).
     static Name* fromString(std::string_view utf8);
     /// The name of the texts joined in order.
