@@ -1,5 +1,6 @@
 #include "runtime/big_stack.h"
 
+#include <algorithm>
 #include <exception>
 #include <pthread.h>
 #include <sys/mman.h>
@@ -21,9 +22,10 @@ namespace {
 // The sanitizer unpoisons a stack when an exception passes, but only up to 64 MB.
 constexpr std::size_t wantedSize = std::size_t(60) << 20;
 #else
-constexpr std::size_t wantedSize = std::size_t(1) << 30;
+constexpr std::size_t wantedSize = std::size_t(512) << 20;
 #endif
 constexpr std::size_t smallestSize = std::size_t(16) << 20;
+constexpr std::size_t ordinarySize = std::size_t(64) << 20; ///< at most, of a thread's own stack
 constexpr std::size_t guardSize = 64 * 1024;
 
 struct StackMemory {
@@ -100,9 +102,10 @@ std::uintptr_t detail::findStackLimit() {
         ::pthread_attr_getstack(&attributes, &base, &size);
         ::pthread_attr_destroy(&attributes);
     }
-    // Without an answer: what every system gives a process, below where it stands now.
-    if (!base) base = static_cast<char*>(__builtin_frame_address(0)) - (1 << 20);
-    return stackLimit = reinterpret_cast<std::uintptr_t>(base) + guardSize;
+    // Without an answer, what every system gives; without a limit, no more than is sure to be free below.
+    auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    std::uintptr_t lowest = base ? reinterpret_cast<std::uintptr_t>(base) : here - (std::uintptr_t(1) << 20);
+    return stackLimit = std::max(lowest, here - ordinarySize) + guardSize;
 }
 
 void runOnBigStack(void (*function)(void*), void* argument) {
