@@ -13,6 +13,9 @@
 
 namespace tarn {
 
+template <class Float>
+struct ParsedFloat;
+
 /// Turns one source into tokens, for one parse from the first token to END_OF_INPUT.
 ///
 /// It works on the bytes of the decoded text, in which a character above 127 is either an escape \uXXXX or, without an
@@ -79,15 +82,17 @@ private:
     void number(Char at, int radix);
     Char digits(Char at, int radix);
     void fraction(Char at);
-    void floatingValue(std::size_t mantissaLength);
-    bool integerValue(int radix, std::int64_t limit);
+    template <class Float>
+    void floatingValue(const ParsedFloat<Float>& parsed);
+    void integerValue(int radix, std::int64_t limit);
 
     void characterLiteral(Char quote);
-    void stringLiteral(const std::uint8_t* start);
-    void stringWithEscapes(const std::uint8_t* start, const std::uint8_t* at);
+    void stringLiteral(const std::uint8_t* quote);
+    void stringWithEscapes(const std::uint8_t* start, const std::uint8_t* plainEnd);
+    static bool endsLiteral(Char at);
     Char literalCharacter(Char at);
     Char escapeSequence(Char backslash);
-    Char octalEscape(Char first);
+    Char octalEscape(Char at);
 
     void finish(Token kind, const std::uint8_t* end) {
         token = kind;
