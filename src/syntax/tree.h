@@ -139,9 +139,10 @@ public:
     /// The dotted name of an Ident or Select; null for all else.
     [[nodiscard]] virtual Name* fullName() const { return nullptr; }
 
-    int pos;              ///< position of the construct
-    std::uint8_t tag;     ///< see treetag
-    Type* type = nullptr; ///< null until attributed
+    int pos;                  ///< position of the construct
+    std::uint8_t tag;         ///< see treetag
+    std::uint16_t height = 1; ///< levels of nodes from here down, as parsed; see syntax/nesting.h
+    Type* type = nullptr;     ///< null until attributed
 
     /// What stands where a construct was too broken to build.
     static Tree* erroneous();
@@ -261,6 +262,10 @@ public:
     Tree* extending; ///< null if there is no clause
     Trees implementing;
     Block* body;
+    /// Of a local or anonymous class: its number among the local (or the anonymous) classes of the unit in the order in
+    /// which their bodies begin, from 1 on. 0 for all others and for classes that were not parsed. It gives the class
+    /// its name, so that the name does not depend on the order of attribution.
+    int number = 0;
     Scope* localScope = nullptr; ///< set between the start of the completion and the end of the attribution
     MethodSymbol* clinit = nullptr;
 };
@@ -278,10 +283,11 @@ public:
     /// Attributes the definitions, with the unit's source as the reporter's.
     void attribute();
 
-    /// The flat name of a local or anonymous class; counts up for local ones.
-    Name* localClassName(Name* name, ClassSymbol* enclClass);
-    /// The decimal text of the next anonymous class's number.
-    Name* nextAnonymousName();
+    /// The flat name of a local or anonymous class within `enclClass`: that of the outermost class, "$", and then the
+    /// definition's name if it begins with a digit, else the number of the local class, "$" and its name.
+    Name* localClassName(const ClassDef& def, ClassSymbol* enclClass);
+    /// The name of an anonymous class: the decimal text of its number.
+    Name* anonymousName(const ClassDef& def);
 
     Arena& arena;
     Trees defs;
@@ -290,8 +296,8 @@ public:
     Scope* starImports = nullptr;  ///< what on-demand imports and java.lang bring
     Scope* namedImports = nullptr; ///< what single-type imports bring
     Env* env = nullptr;
-    int localClassCount = 1;
-    int anonymousClassCount = 1;
+    int localClassCount = 1;      ///< the number for the next local class that was not parsed
+    int anonymousClassCount = 1;  ///< the same for anonymous classes
     bool hasInnerClasses = false; ///< a member, local or anonymous class was attributed
 };
 

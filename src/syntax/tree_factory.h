@@ -25,8 +25,9 @@ public:
     virtual Tree* blockWithEnd(int pos, int endPos, std::uint32_t flags, TreeBuffer* stats) = 0;
     virtual Tree* breakStat(int pos, Name* label) = 0;
     virtual Tree* caseLabel(int pos, Tree* pat, TreeBuffer* stats) = 0;
-    /// Told when a class's body begins; `name` is null for an anonymous class. Gives the name that `classDef` gets.
-    virtual Name* enterClass(int pos, Name* name, bool isLocal) = 0;
+    /// Told when a class's body begins; `name` is null for an anonymous class. A `classDef` with the same name follows
+    /// for each, innermost first.
+    virtual void enterClass(int pos, Name* name, bool isLocal) = 0;
     virtual Tree* classDef(int pos, Name* name, std::uint32_t flags, Tree* extending, TreeBuffer* implementing,
                            Tree* body) = 0;
     virtual Tree* conditional(int pos, int tag, Tree* cond, Tree* thenpart, Tree* elsepart) = 0;
@@ -60,7 +61,7 @@ public:
     virtual Tree* whileLoop(int pos, Tree* cond, Tree* body) = 0;
     virtual TreeBuffer* newList() = 0;
     virtual TreeBuffer* append(TreeBuffer* list, Tree* tree) = 0;
-    /// The element of a list that has exactly one, else null. The list is given back with it.
+    /// The element of a list that has exactly one, and the list is given back with it; else null, and the list stays.
     virtual Tree* single(TreeBuffer* list) = 0;
     virtual ConstantType* stringConstant(int tag, Name* text) = 0;
     virtual ConstantType* intConstant(int tag, std::int32_t value) = 0;
