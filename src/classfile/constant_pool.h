@@ -15,6 +15,7 @@ class Type;
 class NameAndType final : public PoolEntry {
 public:
     NameAndType(Name* name_, Name* signature_) : name(name_), signature(signature_) {}
+    [[nodiscard]] EntryKind entryKind() const override { return EntryKind::NAME_AND_TYPE; }
 
     Name* name;
     Name* signature; ///< with dots or slashes as its maker has it; the writer makes slashes

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <cstdint>
+
 namespace tarn {
+
+/// Which of the classes derived from PoolEntry an entry is.
+enum class EntryKind : std::uint8_t { NAME, TYPE, SYMBOL, NAME_AND_TYPE };
 
 /// Base of what can stand in a constant pool: names, types, symbols, and pairs of name and type.
 ///
@@ -9,6 +14,8 @@ namespace tarn {
 class PoolEntry {
 public:
     virtual ~PoolEntry() = default;
+
+    [[nodiscard]] virtual EntryKind entryKind() const = 0;
 
     int poolIndex = 0;
 

@@ -21,6 +21,8 @@ class VarDef;
 /// (those of locals to their unit) and are handed around as plain pointers.
 class Symbol : public PoolEntry {
 public:
+    [[nodiscard]] EntryKind entryKind() const final { return EntryKind::SYMBOL; }
+
     void init(std::uint32_t flags_, int kind_, Name* name_, Type* type_, Symbol* owner_) {
         flags = flags_;
         kind = kind_;
@@ -104,7 +106,18 @@ public:
     int adr = -2;
 };
 
+/// How far the file of a class has been read (see ClassFile).
+enum class Reading : std::uint8_t {
+    DONE,   ///< read; or nothing is to be read, as for a package or a class from source
+    NAMED,  ///< only mentioned by another class file; read when it is first looked into
+    QUEUED, ///< waits to be read by the running `load`, or by the next one
+    FAILED, ///< could not be read: an empty class that extends Object
+};
+
 /// A class, or a package (kind PCK, without superclass).
+///
+/// A class that only a descriptor of another class file has mentioned has no flags, supertypes or members yet. Whoever
+/// looks at them and did not get the class from `ClassFile::load` calls `ensureRead` (classfile/class_file.h) before.
 class ClassSymbol : public Symbol {
 public:
     [[nodiscard]] std::string toString() const override;
@@ -127,7 +140,8 @@ public:
     Name* sourcePath = nullptr;    ///< full name of the source, the key of its compilation unit
     ConstantPool* pool = nullptr;  ///< while the class is generated; kept if dependencies are tracked
     Scope* constantRefs = nullptr; ///< variables of other classes whose value was inlined; null if none
-    int makeStamp = 0;             ///< the make's stamp at which this symbol was looked at last
+    Reading reading = Reading::DONE;
+    int makeStamp = 0; ///< the make's stamp at which this symbol was looked at last
 };
 
 /// The failed outcome of a search: a kind from AMBIGUOUS up.

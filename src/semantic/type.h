@@ -68,6 +68,7 @@ struct TypeList {
 /// answers all questions as its base type does, so folding maps types to types.
 class Type : public PoolEntry {
 public:
+    [[nodiscard]] EntryKind entryKind() const final { return EntryKind::TYPE; }
     void init(int tag_, ClassSymbol* symbol, std::uint32_t hash_) {
         tag = static_cast<std::uint8_t>(tag_);
         tsym = symbol;

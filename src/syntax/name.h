@@ -20,6 +20,8 @@ namespace tarn {
 /// `concat` share a scratch buffer. It throws std::bad_alloc when the texts of all names exceed 2 GiB.
 class Name final : public PoolEntry {
 public:
+    [[nodiscard]] EntryKind entryKind() const override { return EntryKind::NAME; }
+
     /// The interned name of exactly these bytes, taken as class-file UTF-8.
     static Name* fromBytes(const std::uint8_t* bytes, std::size_t length);
     static Name* fromBytes(std::span<const std::uint8_t> bytes) { return fromBytes(bytes.data(), bytes.size()); }
