@@ -1,0 +1,208 @@
+#include "store/directory_store.h"
+
+#include "runtime/failure.h"
+#include "unit/store/scratch_directory.h"
+
+#include <algorithm>
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace tarn {
+namespace {
+
+using test::ScratchDirectory;
+
+std::span<const std::uint8_t> bytesOf(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+std::string textOf(std::span<const std::uint8_t> bytes) {
+    return {bytes.begin(), bytes.end()};
+}
+
+std::string failureOf(auto action) {
+    try {
+        action();
+    } catch (const IoFailure& failure) {
+        return failure.what();
+    }
+    return "no failure";
+}
+
+TEST(DirectoryStore, ReadsWholeFilesAgainAndAgain) {
+    ScratchDirectory directory;
+    DirectoryStore store(directory.put("A.java", "class A {}"));
+    EXPECT_EQ("class A {}", textOf(store.read()));
+    EXPECT_EQ("class A {}", textOf(store.read()));
+    directory.put("Empty.java", "");
+    EXPECT_TRUE(DirectoryStore(directory / "Empty.java").read().empty());
+}
+
+TEST(DirectoryStore, ReadIntoTellsTheWholeLengthWhateverTheBufferHolds) {
+    ScratchDirectory directory;
+    DirectoryStore store(directory.put("A", "0123456789"));
+    for (std::size_t size : {0, 4, 10, 11}) {
+        Bytes buffer(size, '-');
+        EXPECT_EQ(10u, store.readInto(buffer));
+        EXPECT_EQ(std::string("0123456789-").substr(0, size), textOf(buffer));
+    }
+}
+
+TEST(DirectoryStore, RefusesWhatIsNoRegularFile) {
+    ScratchDirectory directory;
+    ASSERT_EQ(0, ::mkfifo((directory / "pipe").c_str(), 0600));
+    EXPECT_EQ("is a directory", failureOf([&] { DirectoryStore(directory.path()).read(); }));
+    EXPECT_EQ("not a regular file", failureOf([&] { DirectoryStore(directory / "pipe").read(); }));
+    EXPECT_EQ("not a regular file", failureOf([&] { DirectoryStore("/dev/zero").read(); }));
+    EXPECT_EQ("No such file or directory", failureOf([&] { DirectoryStore(directory / "none").read(); }));
+}
+
+TEST(DirectoryStore, AWriteReplacesLongerAndShorterContents) {
+    ScratchDirectory directory;
+    DirectoryStore store(directory / "A.class");
+    for (std::string_view contents : {"short", "much longer than that", "", "x"}) {
+        store.write(bytesOf(contents));
+        EXPECT_EQ(contents, directory.get("A.class"));
+    }
+}
+
+TEST(DirectoryStore, CreateWritesOneWholeFile) {
+    ScratchDirectory directory;
+    DirectoryStore store(directory.path());
+    StoreRef file = store.create("A.class");
+    ASSERT_TRUE(file);
+    EXPECT_FALSE(file->isDirectory());
+    EXPECT_EQ("read from output stream", failureOf([&] { file->read(); }));
+    EXPECT_EQ("not a directory", failureOf([&] { file->list(); }));
+    file->write(bytesOf("bytes"));
+    EXPECT_EQ("bytes", textOf(file->read()));
+}
+
+TEST(DirectoryStore, CreateGivesNothingWhereNoFileCanBe) {
+    ScratchDirectory directory;
+    directory.put("file", "");
+    std::filesystem::create_directory(directory / "taken");
+    DirectoryStore store(directory.path());
+    EXPECT_FALSE(store.create("taken"));
+    EXPECT_FALSE(store.create("none/A.class"));
+    EXPECT_FALSE(store.create("file/A.class"));
+}
+
+TEST(DirectoryStore, AFileThatWasCreatedButNotWrittenIsTakenBack) {
+    ScratchDirectory directory;
+    directory.put("Old.class", "old");
+    DirectoryStore store(directory.path());
+    store.create("New.class")->close();
+    store.create("Old.class")->close();
+    EXPECT_FALSE(DirectoryStore(directory / "New.class").exists());
+    EXPECT_EQ("old", directory.get("Old.class"));
+}
+
+/// A limit on the length of files, which fails a write in the middle as a full disk does.
+class ScopedFileLimit {
+public:
+    explicit ScopedFileLimit(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        ignored_ = ::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit = {bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~ScopedFileLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        ::signal(SIGXFSZ, ignored_);
+    }
+
+private:
+    rlimit before_{};
+    void (*ignored_)(int);
+};
+
+TEST(DirectoryStore, AWriteThatFailsLeavesNoHalfOfAFile) {
+    ScratchDirectory directory;
+    directory.put("Old.class", "old");
+    std::string failure;
+    {
+        ScopedFileLimit limit(1000);
+        for (const char* name : {"New.class", "Old.class"})
+            failure = failureOf([&] { DirectoryStore(directory / name).write(Bytes(5000)); });
+    }
+    EXPECT_EQ("File too large", failure);
+    EXPECT_FALSE(DirectoryStore(directory / "New.class").exists());
+    EXPECT_FALSE(DirectoryStore(directory / "Old.class").exists());
+}
+
+TEST(DirectoryStore, LookupFindsOnlyWhatIsThere) {
+    ScratchDirectory directory;
+    std::filesystem::create_directories(directory / "java/lang");
+    directory.put("java/lang/Object.class", "");
+    DirectoryStore store(directory.path());
+    ASSERT_TRUE(store.lookup("java/lang/Object.class"));
+    EXPECT_EQ(directory / "java/lang/Object.class", store.lookup("java/lang/Object.class")->path());
+    EXPECT_TRUE(store.lookup("java/lang")->isDirectory());
+    EXPECT_FALSE(store.lookup("java/lang/object.class"));
+    EXPECT_FALSE(DirectoryStore(directory / "none").lookup("A.class"));
+    EXPECT_EQ(directory / "any", store.file("any")->path());
+}
+
+TEST(DirectoryStore, MakeDirectoryMakesOneLevel) {
+    ScratchDirectory directory;
+    DirectoryStore store(directory.path());
+    StoreRef made = store.makeDirectory("a");
+    EXPECT_TRUE(made->isDirectory());
+    EXPECT_TRUE(store.makeDirectory("a")->isDirectory());
+    EXPECT_FALSE(store.makeDirectory("b/c")->isDirectory());
+}
+
+TEST(DirectoryStore, ListsNamesInOrder) {
+    ScratchDirectory directory;
+    for (const char* name : {"b.java", "C.class", "a.java"}) directory.put(name, "");
+    EXPECT_EQ((std::vector<std::string>{".", "..", "C.class", "a.java", "b.java"}),
+              DirectoryStore(directory.path()).list());
+    EXPECT_EQ(std::nullopt, DirectoryStore(directory / "none").list());
+    EXPECT_EQ(std::nullopt, DirectoryStore(directory / "a.java").list());
+}
+
+TEST(DirectoryStore, IsEqualBySamePlaceAndDate) {
+    ScratchDirectory directory;
+    std::string path = directory.put("A.java", "");
+    DirectoryStore one(path);
+    DirectoryStore other(path);
+    EXPECT_TRUE(one.equals(other));
+    EXPECT_EQ(one.hashCode(), other.hashCode());
+    EXPECT_TRUE(DirectoryStore(directory / "none").equals(DirectoryStore(directory / "none")));
+    EXPECT_FALSE(one.equals(DirectoryStore(directory / "none")));
+    std::uint32_t hash = one.hashCode();
+    timespec times[2] = {{0, 0}, {1000, 0}};
+    ASSERT_EQ(0, ::utimensat(AT_FDCWD, path.c_str(), times, 0));
+    EXPECT_NE(hash, one.hashCode());
+}
+
+TEST(DirectoryStore, KeepsThePathAsItWasBuilt) {
+    struct Row {
+        const char* path;
+        const char* name;
+        std::optional<std::string> parent;
+    };
+    for (const Row& row : {Row{"a/b/C.java", "C.java", "a/b"}, Row{"C.java", "C.java", std::nullopt},
+                           Row{"/C.java", "C.java", std::nullopt}, Row{"./C.java", "C.java", "."},
+                           Row{"a/b/", "", "a/b"}, Row{"a\\b;c", "a\\b;c", std::nullopt}}) {
+        DirectoryStore store(row.path);
+        EXPECT_EQ(row.path, store.path());
+        EXPECT_EQ(row.name, store.name());
+        EXPECT_EQ(row.parent, store.parent()) << row.path;
+    }
+    EXPECT_EQ("./x/y", DirectoryStore(".").file("x/y")->path());
+}
+
+TEST(DirectoryStore, ReachesAFileByAnUnevenPath) {
+    ScratchDirectory directory;
+    directory.put("A.java", "text");
+    EXPECT_EQ("text", textOf(DirectoryStore(directory.path() + "//A.java/").read()));
+}
+
+} // namespace
+} // namespace tarn
