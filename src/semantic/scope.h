@@ -31,7 +31,8 @@ public:
     void enter(Symbol* symbol);
     /// Enters unless this scope itself has an entry of the same name for a symbol of the same kind.
     void enterIfAbsent(Symbol* symbol);
-    /// Lets every bucket continue into that of `superScope` (null: only sets `next`).
+    /// Lets every bucket continue into that of `superScope` (null: only sets `next`). What is entered into `superScope`
+    /// later is seen too: a member class may extend the very class that is still being entered around it.
     void setNext(Scope* superScope);
     /// The newest entry of that name, or the end mark. Only on the innermost open scope of a table.
     [[nodiscard]] Symbol* lookup(const Name* name) const {
@@ -46,6 +47,12 @@ public:
     Symbol* elems = nullptr; ///< the last entered entry; older ones follow through `sibling`
     bool shared = false;     ///< a nested scope is open on the same table
     bool active = true;      ///< entered and not left
+
+private:
+    void inherit(Symbol* oldHead, Symbol* newHead);
+
+    Scope* firstLinked = nullptr; ///< the scopes whose buckets continue into this one's
+    Scope* nextLinked = nullptr;
 };
 
 } // namespace tarn
