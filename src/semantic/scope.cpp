@@ -24,7 +24,7 @@ Symbol* Scope::endMark() {
 }
 
 Scope* Scope::make(Scope* next, Symbol* owner) {
-    Arena& arena = context().arena;
+    Arena& arena = universe().arena;
     auto* scope = arena.make<Scope>();
     scope->next = next;
     scope->owner = owner;
@@ -39,7 +39,7 @@ Scope* Scope::make(Scope* next, Symbol* owner) {
 Scope* Scope::dup() {
     require(active && !shared, "dup of a scope that is not the innermost");
     shared = true;
-    auto* nested = context().arena.make<Scope>();
+    auto* nested = universe().arena.make<Scope>();
     nested->next = this;
     nested->owner = owner;
     nested->table = table;

@@ -23,7 +23,7 @@ bool Symbol::isLocal() const {
 }
 
 Symbol* Symbol::alias(Name* otherName) {
-    auto* entry = context().arena.make<Symbol>();
+    auto* entry = universe().arena.make<Symbol>();
     entry->init(flag::VOLATILE, NONE, otherName, nullptr, owner);
     entry->sym = sym;
     return entry;
@@ -122,7 +122,7 @@ bool ClassSymbol::isSubClass(const Symbol* base) const {
 }
 
 ClassSymbol* ClassSymbol::clone() {
-    auto* copy = context().arena.make<ClassSymbol>();
+    auto* copy = universe().arena.make<ClassSymbol>();
     copy->init(flags, kind, name, type, owner);
     copy->flatName = flatName;
     copy->superclass = superclass;

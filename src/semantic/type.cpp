@@ -67,11 +67,11 @@ std::string TypeList::toString(TypeList* list) {
 // ---- plain types
 
 void Type::init(int tag_, Name* name) {
-    Universe& universe = context();
-    auto* symbol = universe.arena.make<ClassSymbol>();
-    symbol->init(flag::PUBLIC, TYP, name, this, universe.rootPackage);
+    Universe& here = universe();
+    auto* symbol = here.arena.make<ClassSymbol>();
+    symbol->init(flag::PUBLIC, TYP, name, this, here.rootPackage);
     symbol->flatName = name;
-    symbol->members = universe.emptyScope;
+    symbol->members = here.emptyScope;
     init(tag_, symbol, name->index);
 }
 

@@ -40,9 +40,14 @@ const WellKnownNames& names() {
 
 // ---- construction
 
+Universe* Universe::current = nullptr;
+
+Universe::~Universe() {
+    if (current == this) current = nullptr;
+}
+
 Universe::Universe() {
-    // What is made below reaches the universe through the current context.
-    Context::current = static_cast<Context*>(this);
+    current = this;
     emptyScope = Scope::make(nullptr, nullptr);
     rootPackage = newPackage(nullptr, nullptr);
     predefClass = arena.make<ClassSymbol>();

@@ -26,7 +26,7 @@ public:
     Universe();
     Universe(const Universe&) = delete;
     Universe& operator=(const Universe&) = delete;
-    virtual ~Universe() = default;
+    virtual ~Universe();
 
     /// Loads the well-known classes and enters the operators; does nothing the second time. Throws ClassNotFound if a
     /// class cannot be had; `initialized` stays false then.
@@ -92,6 +92,9 @@ public:
     Scope* predefScope = nullptr; ///< members of `predefClass`
     bool initialized = false;
 
+    /// The universe made last; the current context's, but set already while that context is being constructed.
+    static Universe* current;
+
 private:
     Type* primitive(int tag, std::string_view name, std::string_view boxName = {});
     void enterPredefinedTypes();
@@ -105,6 +108,8 @@ private:
     std::array<MethodType*, 2048> methodTypes_{};
     std::array<ConstantType*, 1024> constantTypes_{};
 };
+
+inline Universe& universe() { return *Universe::current; }
 
 /// Process-wide, valid for all contexts once the first was made.
 extern Type* errType;      ///< tag ERROR, printed "<any>"

@@ -1,0 +1,137 @@
+#include "semantic/entry.h"
+
+#include "classfile/class_file.h"
+#include "driver/reporter.h"
+#include "runtime/failure.h"
+#include "semantic/attribution.h"
+#include "semantic/context.h"
+#include "semantic/pending.h"
+#include "semantic/resolve.h"
+#include "semantic/scope.h"
+#include "syntax/tree.h"
+
+// Helpers of class entry: completion on demand, the clauses of a class, cycles of inheritance, and modifiers.
+
+namespace tarn::entry {
+
+PendingClasses& pendingClasses() {
+    static PendingClasses table;
+    return table;
+}
+
+PendingUnits& pendingUnits() {
+    static PendingUnits table;
+    return table;
+}
+
+void forgetPending() {
+    pendingClasses().clear();
+    pendingUnits().clear();
+}
+
+// ---- completion on demand
+
+bool isPending(ClassSymbol* c) { return pendingClasses().contains(c); }
+
+void completeClass(ClassSymbol* c) {
+    if (!isPending(c)) return;
+    // What encloses it first: its imports must be there before its clauses are attributed.
+    if (c->owner->kind == TYP) completeClass(static_cast<ClassSymbol*>(c->owner));
+    else if (c->owner->kind == PCK) completeUnit(c->sourcePath);
+    auto found = pendingClasses().find(c);
+    if (found == pendingClasses().end()) return;
+    ClassDef* tree = found->second;
+    tree->memberEnter(tree->env->outer);
+}
+
+void completeUnit(Name* sourcePath) {
+    auto found = pendingUnits().find(sourcePath);
+    if (found != pendingUnits().end()) found->second->memberEnter(nullptr);
+}
+
+// ---- supertypes
+
+ClassSymbol* attribBase(Env* env, Tree* tree, BaseRole role) {
+    Type* type = attribution::checkRefType(tree->pos, tree->attr(env, TYP, anythingType));
+    ClassSymbol* c = type->tsym;
+    if (c->type->tag != typetag::CLASS) return c;
+    completeClass(c);
+    if (role == BaseRole::EXTENDS && c->isInterface()) reportError(tree->pos, messages::interfaceNotAllowed);
+    else if (role == BaseRole::IMPLEMENTS && !c->isInterface()) reportError(tree->pos, messages::notAnInterface);
+    else if (c->isFinal()) reportError(tree->pos, messages::inheritsFromFinal, c);
+    return c;
+}
+
+void checkCyclic(int pos, ClassSymbol* c) {
+    if (c->members == nullptr) return;
+    if (c->members->next == nullptr && c->superclass != nullptr) {
+        c->members->next = c->members; // the mark of a class that is being walked
+        checkCyclic(pos, c->superclass);
+        for (ClassSymbol* i : c->interfaces) checkCyclic(pos, i);
+        if (c->owner != nullptr && c->owner->kind != PCK) checkCyclic(pos, c->owner->enclClass());
+        if (c->members->next == c->members) c->members->setNext(c->superclass->members);
+    } else if (c->members->next == c->members) {
+        reportError(pos, messages::cyclicInheritance, c);
+        c->members->setNext(context().objectClass->members);
+        c->superclass = context().objectClass;
+        c->interfaces = {};
+    }
+}
+
+// ---- duplicates
+
+bool checkUnique(int pos, Symbol* sym, Scope* scope) {
+    const Symbol* wanted = sym->sym;
+    for (Symbol* entry = scope->lookup(sym->name); entry->scope == scope; entry = entry->nextEntry()) {
+        const Symbol* other = entry->sym;
+        if (other == wanted || other->kind != wanted->kind || isErroneous(other->type)) continue;
+        if (other->kind == MTH && !sameTypes(*other->type->argTypes(), *wanted->type->argTypes())) continue;
+        reportError(pos, messages::duplicateDefinition, wanted, wanted->location());
+        return false;
+    }
+    return true;
+}
+
+// ---- modifiers
+
+namespace {
+
+constexpr std::uint32_t SOURCE_FLAGS = 0xFFFF;
+
+/// Whether the flags have nothing of one side or nothing of the other; reports otherwise.
+bool areDisjoint(int pos, std::uint32_t flags, std::uint32_t one, std::uint32_t other) {
+    if ((flags & one) == 0 || (flags & other) == 0) return true;
+    reportError(pos, messages::illegalModifierCombination, flagName(firstFlag(flags & one)),
+                flagName(firstFlag(flags & other)));
+    return false;
+}
+
+bool checkCombinations(int pos, std::uint32_t flags, bool isClass) {
+    using namespace flag;
+    return areDisjoint(pos, flags, INTERFACE | ABSTRACT, FINAL | NATIVE | SYNCHRONIZED) &&
+           (isClass || areDisjoint(pos, flags, ABSTRACT, STATIC)) &&
+           areDisjoint(pos, flags, PUBLIC, PRIVATE | PROTECTED) && areDisjoint(pos, flags, PRIVATE, PUBLIC) &&
+           areDisjoint(pos, flags, FINAL, VOLATILE);
+}
+
+} // namespace
+
+std::uint32_t checkFlags(int pos, std::uint32_t flags, std::uint32_t allowed, bool isClass) {
+    using namespace flag;
+    std::uint32_t excess = flags & SOURCE_FLAGS & ~allowed;
+    if (excess != 0) {
+        reportError(pos, messages::modifierNotAllowed, flagName(firstFlag(excess)));
+    } else if (checkCombinations(pos, flags, isClass) && (flags & PRIVATE) != 0 && (flags & PROTECTED) != 0) {
+        reportWarning(pos, messages::obsoletePrivateProtected);
+        flags &= ~static_cast<std::uint32_t>(PRIVATE);
+    }
+    return flags & (allowed | ~SOURCE_FLAGS);
+}
+
+std::uint32_t checkFlagsByEnv(int pos, std::uint32_t flags, Env* env, std::uint32_t ifaceResult,
+                              std::uint32_t classAllowed) {
+    if (!env->isInterface()) return checkFlags(pos, flags, classAllowed, false);
+    return (checkFlags(pos, flags, ifaceResult, false) & ~SOURCE_FLAGS) | ifaceResult;
+}
+
+} // namespace tarn::entry

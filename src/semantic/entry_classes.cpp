@@ -1,0 +1,352 @@
+#include "classfile/class_file.h"
+#include "driver/reporter.h"
+#include "runtime/failure.h"
+#include "semantic/attribution.h"
+#include "semantic/checks.h"
+#include "semantic/context.h"
+#include "semantic/entry.h"
+#include "semantic/pending.h"
+#include "semantic/resolve.h"
+#include "semantic/scope.h"
+#include "syntax/tree.h"
+
+#include <algorithm>
+#include <string>
+
+// Entry of units and classes: `enter` makes the symbols, `memberEnter` resolves imports and supertypes and enters the
+// members. A class is completed at most once, by its unit or by whoever needs it first.
+
+namespace tarn {
+
+using namespace entry;
+
+// ---- enter
+
+namespace {
+
+/// The package that the unit belongs to, listed.
+ClassSymbol* enterUnitPackage(int pos, Name* name) {
+    ClassFile& reader = *context().classReader;
+    ClassSymbol* package = context().rootPackage;
+    try {
+        package = reader.enterPackage(name);
+        reader.fillPackage(package);
+    } catch (const ClassNotFound& failure) {
+        reportError(pos, messages::cannotAccess, "package", name, failure.what());
+        package = context().rootPackage;
+        reader.fillPackage(package);
+    } catch (const IoFailure& failure) {
+        reportError(pos, messages::errorReadingDirectory, failure.what());
+    }
+    return package;
+}
+
+} // namespace
+
+void CompilationUnit::enter(Env*) {
+    ScopedSource here(source);
+    Name* packageName = nullptr;
+    Trees rest = defs;
+    if (!defs.empty() && defs.front()->tag == treetag::PACKAGEDECL) {
+        auto* declaration = static_cast<PackageDecl*>(defs.front());
+        packageName = declaration->pid->fullName();
+        pos = declaration->pos;
+        rest = defs.subspan(1);
+    }
+    package = enterUnitPackage(pos, packageName);
+    package->pos = pos;
+    starImports = Scope::make(nullptr, package);
+    namedImports = Scope::make(nullptr, package);
+    pendingUnits()[sourcePath()] = this;
+    env = Env::init(this, package);
+    for (Tree* def : rest) def->enter(env);
+}
+
+namespace {
+
+constexpr std::uint32_t LOCAL_CLASS_FLAGS = flag::INTERFACE | flag::ABSTRACT | flag::FINAL;
+constexpr std::uint32_t MEMBER_CLASS_FLAGS = LOCAL_CLASS_FLAGS | ACCESS_FLAGS | flag::STATIC;
+constexpr std::uint32_t TOP_CLASS_FLAGS = LOCAL_CLASS_FLAGS | flag::PUBLIC;
+
+std::uint32_t allowedClassFlags(const ClassSymbol* c) {
+    if (c->isLocal()) return LOCAL_CLASS_FLAGS;
+    return c->owner->kind == TYP ? MEMBER_CLASS_FLAGS : TOP_CLASS_FLAGS;
+}
+
+/// The symbol of a class that is known already (from a class file or an earlier compile) keeps its identity, so that the
+/// types that refer to it stay valid.
+ClassSymbol* takeOver(int pos, ClassSymbol* made, bool& isNew) {
+    ClassSymbol* old = context().findClass(made->flatName);
+    isNew = old == nullptr;
+    if (isNew) return made;
+    if (old->kind == PCK) {
+        reportError(pos, messages::packageAndClassSameName, made->flatName);
+        return made;
+    }
+    old->flags = made->flags;
+    old->owner = made->owner;
+    old->kind = TYP;
+    return old;
+}
+
+void enterMemberClass(ClassDef* tree, ClassSymbol* c, Env* env) {
+    context().innerClasses[c->flatName] = {c->owner->enclClass(), tree->name, c->flags & 0xFFFF};
+    Symbol* entry = c->alias(tree->name);
+    if (checkUnique(tree->pos, entry, env->scope)) env->scope->enter(entry);
+}
+
+/// A lowered inner class is a class of its package, and still a member of its outer class.
+void reenterLowered(ClassSymbol* c) {
+    const InnerClassRecord* record = context().innerClass(c->flatName);
+    if (record == nullptr || record->outer == nullptr || record->outer->members == nullptr) return;
+    record->outer->members->enterIfAbsent(c->alias(record->name));
+}
+
+void enterTopClass(ClassDef* tree, ClassSymbol* c, Env* env) {
+    bool firstPass = context().options.firstPass;
+    if (env->scope->lookup(tree->name)->scope == env->scope) {
+        reportError(tree->pos, messages::duplicateClass, tree->name);
+    } else if (firstPass && context().sourceClasses.contains(c->flatName)) {
+        reportError(tree->pos, messages::duplicateClass, c->flatName);
+    } else {
+        context().sourceClasses[c->flatName] = c;
+        env->scope->enter(c);
+    }
+    if (!firstPass) reenterLowered(c);
+}
+
+void warnOfFileName(ClassDef* tree, ClassSymbol* c, const CompilationUnit* unit) {
+    if (c->owner->kind != PCK || (c->flags & (flag::PUBLIC | flag::PROTECTED)) == 0) return;
+    if (!context().options.firstPass || tree->name->matchesFile(unit->source->path())) return;
+    reportWarning(tree->pos, messages::publicClassInWrongFile, tree->name, tree->name->toString() + ".java");
+}
+
+} // namespace
+
+void ClassDef::enter(Env* outer) {
+    if (tag == treetag::ERRONEOUS) {
+        sym = errSymbol;
+        return;
+    }
+    CompilationUnit* unit = outer->toplevel;
+    Symbol* owner = outer->scope->owner;
+    ClassSymbol* encl = owner->enclClass();
+    Name* flatName = owner->kind == MTH ? unit->localClassName(this, encl) : formFlatName(name, encl);
+
+    ClassSymbol* c = context().newClass(0, flatName, unit->package);
+    c->owner = owner;
+    c->flags = checkFlags(pos, flags, allowedClassFlags(c), true);
+    if (outer->isStatic) c->flags |= flag::STATIC;
+    bool isNew = false;
+    c = takeOver(pos, c, isNew);
+    c->superclass = nullptr;
+    c->interfaces = {};
+    c->members = Scope::make(nullptr, c);
+    c->pos = pos;
+    c->sourceFile = Name::fromString(unit->source->name());
+    c->sourcePath = unit->sourcePath();
+    warnOfFileName(this, c, unit);
+    if (owner->kind == PCK) enterTopClass(this, c, outer);
+    else enterMemberClass(this, c, outer);
+    if (isNew) context().classes[c->flatName] = c;
+    Scope* packageMembers = unit->package->members;
+    if (packageMembers != nullptr && packageMembers->lookup(c->name)->scope != packageMembers) {
+        ClassSymbol* placeholder = context().newClass(0, c->flatName, unit->package);
+        placeholder->kind = NONE;
+        packageMembers->enter(placeholder);
+    }
+    sym = c;
+    env = outer->dup(this, c->members);
+    env->enclClass = this;
+    env->outer = outer;
+    env->isStatic = false;
+    for (Tree* def : body->stats) def->enter(env);
+    pendingClasses()[c] = this;
+}
+
+// ---- imports
+
+namespace {
+
+void importSym(Scope* scope, Symbol* sym) {
+    for (Symbol* entry = scope->lookup(sym->name); entry->scope == scope; entry = entry->nextEntry())
+        if (entry->sym->fullName() == sym->sym->fullName()) return;
+    scope->enter(sym);
+}
+
+/// A member class is imported by its simple name.
+Symbol* memberAlias(Symbol* c) {
+    const InnerClassRecord* record = context().innerClass(static_cast<ClassSymbol*>(c)->flatName);
+    return record == nullptr ? c : c->alias(record->name);
+}
+
+void importAllMembers(Scope* scope, ClassSymbol* c) {
+    if (c->members == nullptr) return;
+    for (Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling)
+        if (entry->sym->kind == TYP) importSym(scope, memberAlias(entry->sym));
+}
+
+void importAllPackage(int pos, Scope* scope, ClassSymbol* package) {
+    try {
+        if (!context().classReader->fillPackage(package)) {
+            std::string path = package->flatName == nullptr ? "." : package->flatName->toString();
+            std::replace(path.begin(), path.end(), '.', '/');
+            reportWarning(pos, messages::cannotAccessDirectory, path);
+        }
+    } catch (const IoFailure& failure) {
+        reportError(pos, messages::errorImporting, package, failure.what());
+    }
+    if (package->members == nullptr) return;
+    for (Symbol* entry = package->members->elems; entry != nullptr; entry = entry->sibling) importSym(scope, entry->sym);
+}
+
+} // namespace
+
+void CompilationUnit::memberEnter(Env*) {
+    if (pendingUnits().erase(sourcePath()) == 0) return;
+    ScopedSource here(source);
+    Symbol* javaLang = resolve::resolvePackage(pos, names().javaLang, nullptr);
+    if (javaLang->kind == PCK) importAllPackage(pos, starImports, static_cast<ClassSymbol*>(javaLang));
+    for (Tree* def : defs) def->memberEnter(env);
+}
+
+void Import::memberEnter(Env* env) {
+    CompilationUnit* unit = env->toplevel;
+    if (tree->tag == treetag::ERRONEOUS) return;
+    auto* named = static_cast<NamedTree*>(tree);
+    if (tree->tag == treetag::SELECT && named->name == names().star) {
+        Type* qualifier = static_cast<Select*>(tree)->selected->attr(env, TYP | PCK, anythingType);
+        if (qualifier->tag == typetag::PACKAGE) importAllPackage(pos, unit->starImports, qualifier->tsym);
+        else if (qualifier->tag == typetag::CLASS) importAllMembers(unit->starImports, qualifier->tsym);
+        return;
+    }
+    if (tree->tag == treetag::SELECT) {
+        Symbol* known = unit->namedImports->lookup(named->name);
+        if (known->scope == unit->namedImports && printName(known->sym->fullName()) != tree->fullName()->toString()) {
+            reportError(pos, messages::doubleImport, named->name);
+            return;
+        }
+    }
+    Type* imported = tree->attr(env, TYP, anythingType);
+    if (imported->tag == typetag::CLASS) importSym(unit->namedImports, memberAlias(imported->tsym));
+}
+
+// ---- completion of a class
+
+namespace {
+
+/// Takes the class from those that wait, however its clauses end.
+class ScopedCompletion {
+public:
+    explicit ScopedCompletion(ClassSymbol* c) : class_(c) {}
+    ~ScopedCompletion() { pendingClasses().erase(class_); }
+    ScopedCompletion(const ScopedCompletion&) = delete;
+    ScopedCompletion& operator=(const ScopedCompletion&) = delete;
+
+private:
+    ClassSymbol* class_;
+};
+
+void enterSuperclass(ClassDef* tree, ClassSymbol* c) {
+    if (tree->extending != nullptr) {
+        ClassSymbol* base = attribBase(tree->env, tree->extending, BaseRole::EXTENDS);
+        if (c->superclass == nullptr) c->superclass = base;
+    } else if (!c->isRootClass()) {
+        c->superclass = context().objectClass;
+        completeClass(c->superclass);
+    }
+}
+
+void enterInterfaces(ClassDef* tree, ClassSymbol* c) {
+    std::span<ClassSymbol*> interfaces = context().arena.makeArray<ClassSymbol*>(tree->implementing.size());
+    std::size_t count = 0;
+    bool cyclic = false;
+    for (Tree* clause : tree->implementing) {
+        ClassSymbol* i = attribBase(tree->env, clause, BaseRole::IMPLEMENTS);
+        auto known = interfaces.first(count);
+        if (std::find(known.begin(), known.end(), i) != known.end()) reportError(clause->pos, messages::repeated, i);
+        interfaces[count++] = i;
+        cyclic = cyclic || tree->brokenCycle;
+    }
+    if (!cyclic) c->interfaces = interfaces;
+}
+
+bool hasErroneousSupertype(const ClassSymbol* c) {
+    if (c->superclass != nullptr && c->superclass->type->tag == typetag::ERROR) return true;
+    return std::any_of(c->interfaces.begin(), c->interfaces.end(),
+                       [](const ClassSymbol* i) { return i->type->tag == typetag::ERROR; });
+}
+
+std::uint32_t declaredFlags(const Tree* def) {
+    switch (def->tag) {
+    case treetag::VARDEF:
+    case treetag::METHODDEF:
+    case treetag::CLASSDEF: return static_cast<const Def*>(def)->flags;
+    default: return 0;
+    }
+}
+
+/// An inner class can't have static members.
+void checkNoStatics(ClassDef* tree, ClassSymbol* c, const Tree* def) {
+    if (c->owner->kind == PCK || c->isInterface() || (tree->flags & flag::STATIC) != 0) return;
+    if ((declaredFlags(def) & flag::STATIC) != 0) reportError(def->pos, messages::innerClassWithStaticMember);
+}
+
+void checkClashWithImport(ClassDef* tree, ClassSymbol* c, const CompilationUnit* unit) {
+    if (c->owner->kind != PCK) return;
+    Symbol* imported = unit->namedImports->lookup(tree->name);
+    if (imported->scope == unit->namedImports && imported->sym != c)
+        reportError(tree->pos, messages::clashesWithImport, tree->name, imported->sym);
+}
+
+} // namespace
+
+void ClassDef::memberEnter(Env*) {
+    if (tag == treetag::ERRONEOUS) return;
+    ClassSymbol* c = classSymbol();
+    if (!isPending(c)) return;
+    ScopedSource here(env->toplevel->source);
+    if (localScope != nullptr) { // reached from its own clauses
+        reportError(pos, messages::cyclicInheritance, c);
+        c->superclass = context().objectClass;
+        c->interfaces = {};
+        brokenCycle = true;
+        return;
+    }
+    c->superclass = nullptr;
+    c->interfaces = {};
+    localScope = Scope::make(nullptr, nullptr);
+    {
+        ScopedCompletion guard(c);
+        enterSuperclass(this, c);
+        enterInterfaces(this, c);
+        checkCyclic(pos, c);
+    }
+    addDefaultConstructor();
+    if (hasErroneousSupertype(c)) return;
+    for (Tree* def : body->stats) {
+        checkNoStatics(this, c, def);
+        def->memberEnter(env);
+    }
+    if (c->isAbstract() && !c->isInterface()) checks::addInterfaceStubs(this, c);
+    checkClashWithImport(this, c, env->toplevel);
+}
+
+void ClassDef::addDefaultConstructor() {
+    if (sym->isInterface()) return;
+    for (const Tree* def : body->stats)
+        if (def->tag == treetag::METHODDEF && static_cast<const MethodDef*>(def)->name == names().init) return;
+    Arena& arena = env->toplevel->arena;
+    auto* empty = arena.make<Block>(pos, Trees{});
+    prepend(arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, sym->flags & ACCESS_FLAGS, nullptr,
+                                  Trees{}, Trees{}, empty));
+}
+
+void ClassDef::prepend(Tree* def) {
+    Trees longer = env->toplevel->arena.makeArray<Tree*>(body->stats.size() + 1);
+    longer.front() = def;
+    std::copy(body->stats.begin(), body->stats.end(), longer.begin() + 1);
+    body->stats = longer;
+}
+
+} // namespace tarn
