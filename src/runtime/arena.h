@@ -16,12 +16,14 @@ namespace tarn {
 ///
 /// What is made here is handed around as a plain pointer and never deleted by itself; destructors are not run, so a
 /// type that owns memory of its own (a vector, a string) does not belong here unless leaking that memory until the
-/// process ends is meant. `clear` keeps the first block for the next user.
+/// process ends is meant. Blocks that an arena gives up are kept for the next one, so that a run over many units touches
+/// no more memory than its largest moment needs. Used by one thread.
 class Arena {
 public:
     Arena() = default;
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
+    ~Arena() { clear(); }
 
     void* allocate(std::size_t size, std::size_t alignment) {
         std::uintptr_t at = (next_ + alignment - 1) & ~(alignment - 1);
@@ -49,47 +51,50 @@ public:
     /// A copy of `elements` in the arena.
     template <class T>
     std::span<T> copyArray(std::span<const T> elements) {
-        std::span<T> copy = makeArray<T>(elements.size());
-        std::copy(elements.begin(), elements.end(), copy.begin());
-        return copy;
+        if (elements.empty()) return {};
+        T* first = static_cast<T*>(allocate(elements.size_bytes(), alignof(T)));
+        std::uninitialized_copy(elements.begin(), elements.end(), first);
+        return {first, elements.size()};
     }
 
-    /// Forgets all that was made and keeps the blocks' memory down to the first one.
+    /// Forgets all that was made.
     void clear() {
-        if (blocks_.size() > 1) blocks_.resize(1);
-        if (!blocks_.empty()) open(blocks_.front());
-    }
-
-    /// Bytes held from the system.
-    [[nodiscard]] std::size_t capacity() const {
-        std::size_t sum = 0;
-        for (const Block& block : blocks_) sum += block.size;
-        return sum;
+        for (Block& block : blocks_) spareBlocks().push_back(std::move(block));
+        blocks_.clear();
+        large_.clear();
+        next_ = end_ = 0;
     }
 
 private:
-    struct Block {
-        std::unique_ptr<std::byte[]> memory;
-        std::size_t size;
-    };
+    static constexpr std::size_t BLOCK_SIZE = 32 * 1024;
+    using Block = std::unique_ptr<std::byte[]>;
+
+    static std::vector<Block>& spareBlocks() {
+        static auto* const spare = new std::vector<Block>; // outlives every arena
+        return *spare;
+    }
 
     void* allocateSlow(std::size_t size, std::size_t alignment) {
-        std::size_t wanted = std::max(blockSize, size + alignment);
-        blocks_.push_back({std::unique_ptr<std::byte[]>(new std::byte[wanted]), wanted});
-        open(blocks_.back());
+        if (size + alignment > BLOCK_SIZE / 4) {
+            large_.emplace_back(new std::byte[size + alignment]);
+            auto at = reinterpret_cast<std::uintptr_t>(large_.back().get());
+            return reinterpret_cast<void*>((at + alignment - 1) & ~(alignment - 1));
+        }
+        if (spareBlocks().empty()) {
+            blocks_.emplace_back(new std::byte[BLOCK_SIZE]);
+        } else {
+            blocks_.push_back(std::move(spareBlocks().back()));
+            spareBlocks().pop_back();
+        }
+        next_ = reinterpret_cast<std::uintptr_t>(blocks_.back().get());
+        end_ = next_ + BLOCK_SIZE;
         return allocate(size, alignment);
     }
-
-    void open(const Block& block) {
-        next_ = reinterpret_cast<std::uintptr_t>(block.memory.get());
-        end_ = next_ + block.size;
-    }
-
-    static constexpr std::size_t blockSize = 256 * 1024;
 
     std::uintptr_t next_ = 0;
     std::uintptr_t end_ = 0;
     std::vector<Block> blocks_;
+    std::vector<Block> large_; ///< what does not fit a block
 };
 
 } // namespace tarn

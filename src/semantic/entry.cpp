@@ -31,13 +31,17 @@ void forgetPending() {
 
 // ---- completion on demand
 
-bool isPending(ClassSymbol* c) { return pendingClasses().contains(c); }
+bool isPending(ClassSymbol* c) {
+    return pendingClasses().contains(c);
+}
 
 void completeClass(ClassSymbol* c) {
     if (!isPending(c)) return;
     // What encloses it first: its imports must be there before its clauses are attributed.
-    if (c->owner->kind == TYP) completeClass(static_cast<ClassSymbol*>(c->owner));
-    else if (c->owner->kind == PCK) completeUnit(c->sourcePath);
+    if (c->owner->kind == TYP)
+        completeClass(static_cast<ClassSymbol*>(c->owner));
+    else if (c->owner->kind == PCK)
+        completeUnit(c->sourcePath);
     auto found = pendingClasses().find(c);
     if (found == pendingClasses().end()) return;
     ClassDef* tree = found->second;
@@ -53,12 +57,19 @@ void completeUnit(Name* sourcePath) {
 
 ClassSymbol* attribBase(Env* env, Tree* tree, BaseRole role) {
     Type* type = attribution::checkRefType(tree->pos, tree->attr(env, TYP, anythingType));
+    if (type->tag == typetag::ARRAY) {
+        reportError(tree->pos, messages::kindRequired, kindNames(TYP), type);
+        type = errType;
+    }
     ClassSymbol* c = type->tsym;
     if (c->type->tag != typetag::CLASS) return c;
     completeClass(c);
-    if (role == BaseRole::EXTENDS && c->isInterface()) reportError(tree->pos, messages::interfaceNotAllowed);
-    else if (role == BaseRole::IMPLEMENTS && !c->isInterface()) reportError(tree->pos, messages::notAnInterface);
-    else if (c->isFinal()) reportError(tree->pos, messages::inheritsFromFinal, c);
+    if (role == BaseRole::EXTENDS && c->isInterface())
+        reportError(tree->pos, messages::interfaceNotAllowed);
+    else if (role == BaseRole::IMPLEMENTS && !c->isInterface())
+        reportError(tree->pos, messages::notAnInterface);
+    else if (c->isFinal())
+        reportError(tree->pos, messages::inheritsFromFinal, c);
     return c;
 }
 

@@ -22,6 +22,11 @@ using namespace entry;
 
 // ---- enter
 
+Name* CompilationUnit::sourcePath() {
+    if (sourcePath_ == nullptr) sourcePath_ = Name::fromString(source->canonicalPath().value_or(source->path()));
+    return sourcePath_;
+}
+
 namespace {
 
 /// The package that the unit belongs to, listed.
@@ -73,8 +78,8 @@ std::uint32_t allowedClassFlags(const ClassSymbol* c) {
     return c->owner->kind == TYP ? MEMBER_CLASS_FLAGS : TOP_CLASS_FLAGS;
 }
 
-/// The symbol of a class that is known already (from a class file or an earlier compile) keeps its identity, so that the
-/// types that refer to it stay valid.
+/// The symbol of a class that is known already (from a class file or an earlier compile) keeps its identity, so that
+/// the types that refer to it stay valid.
 ClassSymbol* takeOver(int pos, ClassSymbol* made, bool& isNew) {
     ClassSymbol* old = context().findClass(made->flatName);
     isNew = old == nullptr;
@@ -131,7 +136,7 @@ void ClassDef::enter(Env* outer) {
     CompilationUnit* unit = outer->toplevel;
     Symbol* owner = outer->scope->owner;
     ClassSymbol* encl = owner->enclClass();
-    Name* flatName = owner->kind == MTH ? unit->localClassName(this, encl) : formFlatName(name, encl);
+    Name* flatName = owner->kind == MTH ? unit->localClassName(*this, encl) : formFlatName(name, encl);
 
     ClassSymbol* c = context().newClass(0, flatName, unit->package);
     c->owner = owner;
@@ -146,8 +151,10 @@ void ClassDef::enter(Env* outer) {
     c->sourceFile = Name::fromString(unit->source->name());
     c->sourcePath = unit->sourcePath();
     warnOfFileName(this, c, unit);
-    if (owner->kind == PCK) enterTopClass(this, c, outer);
-    else enterMemberClass(this, c, outer);
+    if (owner->kind == PCK)
+        enterTopClass(this, c, outer);
+    else
+        enterMemberClass(this, c, outer);
     if (isNew) context().classes[c->flatName] = c;
     Scope* packageMembers = unit->package->members;
     if (packageMembers != nullptr && packageMembers->lookup(c->name)->scope != packageMembers) {
@@ -197,7 +204,8 @@ void importAllPackage(int pos, Scope* scope, ClassSymbol* package) {
         reportError(pos, messages::errorImporting, package, failure.what());
     }
     if (package->members == nullptr) return;
-    for (Symbol* entry = package->members->elems; entry != nullptr; entry = entry->sibling) importSym(scope, entry->sym);
+    for (Symbol* entry = package->members->elems; entry != nullptr; entry = entry->sibling)
+        importSym(scope, entry->sym);
 }
 
 } // namespace
@@ -216,8 +224,10 @@ void Import::memberEnter(Env* env) {
     auto* named = static_cast<NamedTree*>(tree);
     if (tree->tag == treetag::SELECT && named->name == names().star) {
         Type* qualifier = static_cast<Select*>(tree)->selected->attr(env, TYP | PCK, anythingType);
-        if (qualifier->tag == typetag::PACKAGE) importAllPackage(pos, unit->starImports, qualifier->tsym);
-        else if (qualifier->tag == typetag::CLASS) importAllMembers(unit->starImports, qualifier->tsym);
+        if (qualifier->tag == typetag::PACKAGE)
+            importAllPackage(pos, unit->starImports, qualifier->tsym);
+        else if (qualifier->tag == typetag::CLASS)
+            importAllMembers(unit->starImports, qualifier->tsym);
         return;
     }
     if (tree->tag == treetag::SELECT) {

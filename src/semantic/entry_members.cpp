@@ -55,8 +55,10 @@ void MethodDef::memberEnter(Env* outer) {
         return;
     }
     enterSignature(outer, m);
-    if (!checkUnique(pos, m, outer->scope)) sym = errSymbol;
-    else outer->scope->enter(m);
+    if (!checkUnique(pos, m, outer->scope))
+        sym = errSymbol;
+    else
+        outer->scope->enter(m);
 }
 
 void MethodDef::enterSignature(Env* outer, MethodSymbol* m) {
@@ -111,7 +113,8 @@ void VarDef::memberEnter(Env* outer) {
     }
     Symbol* owner = outer->scope->owner;
     bool isField = owner->kind == TYP;
-    std::uint32_t checked = checkFlagsByEnv(pos, flags, outer, INTERFACE_FIELD_FLAGS, isField ? FIELD_FLAGS : flag::FINAL);
+    std::uint32_t checked =
+        checkFlagsByEnv(pos, flags, outer, INTERFACE_FIELD_FLAGS, isField ? FIELD_FLAGS : flag::FINAL);
     Type* declared = attribution::checkNonVoid(vartype->pos, vartype->attr(outer, TYP, anythingType));
     Arena& arena = isField ? context().arena : outer->toplevel->arena;
     auto* v = arena.make<VarSymbol>();

@@ -14,8 +14,8 @@ namespace entry {
 using PendingClasses = std::unordered_map<ClassSymbol*, ClassDef*>;
 using PendingUnits = NameTableOf<CompilationUnit*>;
 
-/// Classes that were entered and whose superclass and interfaces are not settled yet; being in here is what makes a class
-/// count as not completed. Process-wide; empty outside of a compile.
+/// Classes that were entered and whose superclass and interfaces are not settled yet; being in here is what makes a
+/// class count as not completed. Process-wide; empty outside of a compile.
 PendingClasses& pendingClasses();
 /// Units that were entered and whose `memberEnter` has not begun, by the path of their source. Process-wide.
 PendingUnits& pendingUnits();

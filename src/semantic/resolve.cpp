@@ -106,7 +106,8 @@ bool isInNestOf(Env* env, const Symbol* sym) {
 bool isInherited(Env* env, ClassSymbol* site, const Symbol* sym) {
     for (Env* e = env; e != nullptr && e->enclClass != nullptr; e = e->outer) {
         ClassSymbol* here = classOf(e);
-        if (here->isSubClass(sym->owner) && (sym->isStatic() || site->isSubClass(here) || env->isSelectSuper)) return true;
+        if (here->isSubClass(sym->owner) && (sym->isStatic() || site->isSubClass(here) || env->isSelectSuper))
+            return true;
     }
     return false;
 }
@@ -366,8 +367,8 @@ Symbol* findIdentInPackage(int pos, ClassSymbol* package, Name* name, int kinds,
         if (c->kind != LOAD_ERROR || (kinds & PCK) == 0) return c;
         Symbol* inner = enterPackage(env, flatName);
         if (inner->kind != LOAD_ERROR) return inner;
-        std::string causes = static_cast<LoadError*>(c)->cause->toString() + "; " +
-                             static_cast<LoadError*>(inner)->cause->toString();
+        std::string causes =
+            static_cast<LoadError*>(c)->cause->toString() + "; " + static_cast<LoadError*>(inner)->cause->toString();
         return loadError(Name::fromString(causes), TYP | PCK);
     }
     if ((known->kind & kinds) == 0) {
@@ -385,7 +386,9 @@ Symbol* accessSym(Symbol* sym, int pos, ClassSymbol* site, const Types* args, Na
     return errSymbol;
 }
 
-Symbol* accessName(Symbol* sym, int pos, Name* name) { return accessSym(sym, pos, context().predefClass, nullptr, name); }
+Symbol* accessName(Symbol* sym, int pos, Name* name) {
+    return accessSym(sym, pos, context().predefClass, nullptr, name);
+}
 
 Symbol* resolveConstructor(int pos, ClassSymbol* site, Env* env, Types args) {
     bool before = env->isSelectSuper;
@@ -397,7 +400,9 @@ Symbol* resolveConstructor(int pos, ClassSymbol* site, Env* env, Types args) {
     return found;
 }
 
-Symbol* resolvePackage(int pos, Name* name, Env* env) { return accessName(enterPackage(env, name), pos, name); }
+Symbol* resolvePackage(int pos, Name* name, Env* env) {
+    return accessName(enterPackage(env, name), pos, name);
+}
 
 Symbol* resolveField(ClassSymbol* site, Name* name) {
     return accessSym(findField(nullptr, site, name), 0, site, nullptr, name);

@@ -23,7 +23,8 @@ void reportNotFound(int kind, int pos, ClassSymbol* site, const Types* args, Nam
         if (wantedName == names().init) {
             std::string siteName = site->name == nullptr ? "" : site->name->toString();
             if (site->hasOuterInstance() && !shown.empty()) {
-                siteName = "(" + shown.front()->toString() + ")" + context().innerClass(site->flatName)->name->toString();
+                siteName =
+                    "(" + shown.front()->toString() + ")" + context().innerClass(site->flatName)->name->toString();
                 shown = shown.subspan(1);
             }
             what = "constructor " + siteName;
@@ -54,7 +55,7 @@ void AccessError::report(int pos, ClassSymbol* site, const Types* args, Name* wa
     if (sym->name == names().init && sym->owner != site)
         reportNotFound(METHOD_NOT_FOUND, pos, site, args, wantedName);
     else if ((sym->flags & flag::PUBLIC) != 0)
-        reportError(pos, messages::ownerNotPublic, sym->owner, sym);
+        reportError(pos, messages::memberOfNonPublic, sym->owner, sym);
     else if ((sym->flags & (flag::PRIVATE | flag::PROTECTED)) != 0)
         reportError(pos, messages::hasAccess, sym, flagNames(sym->flags & (flag::PRIVATE | flag::PROTECTED)),
                     sym->location());

@@ -109,7 +109,9 @@ private:
     std::array<ConstantType*, 1024> constantTypes_{};
 };
 
-inline Universe& universe() { return *Universe::current; }
+inline Universe& universe() {
+    return *Universe::current;
+}
 
 /// Process-wide, valid for all contexts once the first was made.
 extern Type* errType;      ///< tag ERROR, printed "<any>"

@@ -173,6 +173,13 @@ public:
     using Ident::Ident;
 };
 
+/// The name of a type in a declaration that is made up: the symbol is known and is not searched for.
+class KnownType final : public Ident {
+public:
+    using Ident::Ident;
+    Type* attr(Env* env, int pkind, Type* pt) override;
+};
+
 class Select final : public NamedTree {
 public:
     Select(int pos_, Name* name_, Tree* selected_) : NamedTree(pos_, treetag::SELECT, name_), selected(selected_) {}
@@ -235,6 +242,7 @@ public:
 private:
     void attrBody(Env* env, Type* pt);
     void addSelfCall();
+    void enterSignature(Env* outer, MethodSymbol* m);
     void enterCatchClause(Env* outer);
     Item* genCatch();
 };
@@ -258,6 +266,8 @@ public:
     /// Sorts the members: initializers and field initializers become code of constructors and of `<clinit>`.
     void normalizeDefs();
     void addDefaultConstructor();
+    /// Puts a definition in front of all others of the body.
+    void prepend(Tree* def);
 
     Tree* extending; ///< null if there is no clause
     Trees implementing;
@@ -268,6 +278,7 @@ public:
     int number = 0;
     Scope* localScope = nullptr; ///< set between the start of the completion and the end of the attribution
     MethodSymbol* clinit = nullptr;
+    bool brokenCycle = false; ///< a cycle through its own clauses was found, and its supertypes replaced
 };
 
 class CompilationUnit final : public Tree {
@@ -282,6 +293,8 @@ public:
     void enter() { enter(nullptr); }
     /// Attributes the definitions, with the unit's source as the reporter's.
     void attribute();
+    /// The full name of the source, by which the unit is found.
+    Name* sourcePath();
 
     /// The flat name of a local or anonymous class within `enclClass`: that of the outermost class, "$", and then the
     /// definition's name if it begins with a digit, else the number of the local class, "$" and its name.
@@ -299,6 +312,9 @@ public:
     int localClassCount = 1;      ///< the number for the next local class that was not parsed
     int anonymousClassCount = 1;  ///< the same for anonymous classes
     bool hasInnerClasses = false; ///< a member, local or anonymous class was attributed
+
+private:
+    Name* sourcePath_ = nullptr; ///< null until asked for
 };
 
 class Unary final : public Tree {

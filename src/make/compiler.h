@@ -1,0 +1,59 @@
+#pragma once
+
+#include "runtime/arena.h"
+#include "store/store.h"
+
+#include <deque>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace tarn {
+
+class CompilationUnit;
+class Reporter;
+class TreeFactory;
+
+/// One unit on its way through the compiler.
+struct CompileTask {
+    std::unique_ptr<Arena> arena = std::make_unique<Arena>(); ///< owns the unit and its trees
+    CompilationUnit* unit = nullptr;                         ///< null if parsing gave no tree
+    bool onDemand = false;                                   ///< added while a compile was running
+    bool ok = true;                                          ///< no error while the unit was parsed or entered
+};
+
+/// Takes a batch of sources through parsing, entry, attribution, generation and lowering, by way of three work queues.
+///
+/// A source is parsed and entered on arrival; the queues then complete its classes, attribute and generate it. A unit with
+/// inner classes is attributed, lowered to plain classes, and goes through the queues a second time. Any error stops
+/// generation from then on, while attribution goes on. One compile runs at a time, in the current context.
+class Compiler {
+public:
+    /// Compiles a batch. A null output directory puts each class file beside its source. Makes `reporter` current; what
+    /// is wrong was reported when this returns.
+    void compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter);
+    /// Parses one source with any factory, which keeps what it learns; makes `reporter` current.
+    void parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter);
+    /// Adds a source to the running compile. Throws CompileAbort if that gives an error.
+    void compileOnDemand(const StoreRef& source);
+
+private:
+    using Task = std::unique_ptr<CompileTask>;
+
+    Task parseFile(const StoreRef& source);
+    void runQueues();
+    void runTasks();
+    void runMemberQueue();
+    void memberEnter(Task task);
+    void attributeAndGenerate(Task task);
+    void cloneForMake(CompilationUnit& unit);
+    void lowerAll();
+
+    std::deque<Task> memberQueue_;
+    std::deque<Task> attributeQueue_;
+    std::deque<Task> lowerQueue_;
+    StoreRef outputDirectory_;
+    bool entering_ = false; ///< during the member entry of a task
+};
+
+} // namespace tarn
