@@ -18,7 +18,9 @@ namespace tarn {
 
 namespace {
 
-int errorCount() { return currentReporter()->errorCount(); }
+int errorCount() {
+    return currentReporter()->errorCount();
+}
 
 using Clock = std::chrono::steady_clock;
 

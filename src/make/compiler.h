@@ -17,16 +17,16 @@ class TreeFactory;
 /// One unit on its way through the compiler.
 struct CompileTask {
     std::unique_ptr<Arena> arena = std::make_unique<Arena>(); ///< owns the unit and its trees
-    CompilationUnit* unit = nullptr;                         ///< null if parsing gave no tree
-    bool onDemand = false;                                   ///< added while a compile was running
-    bool ok = true;                                          ///< no error while the unit was parsed or entered
+    CompilationUnit* unit = nullptr;                          ///< null if parsing gave no tree
+    bool onDemand = false;                                    ///< added while a compile was running
+    bool ok = true;                                           ///< no error while the unit was parsed or entered
 };
 
 /// Takes a batch of sources through parsing, entry, attribution, generation and lowering, by way of three work queues.
 ///
-/// A source is parsed and entered on arrival; the queues then complete its classes, attribute and generate it. A unit with
-/// inner classes is attributed, lowered to plain classes, and goes through the queues a second time. Any error stops
-/// generation from then on, while attribution goes on. One compile runs at a time, in the current context.
+/// A source is parsed and entered on arrival; the queues then complete its classes, attribute and generate it. A unit
+/// with inner classes is attributed, lowered to plain classes, and goes through the queues a second time. Any error
+/// stops generation from then on, while attribution goes on. One compile runs at a time, in the current context.
 class Compiler {
 public:
     /// Compiles a batch. A null output directory puts each class file beside its source. Makes `reporter` current; what

@@ -16,8 +16,8 @@ namespace tarn {
 ///
 /// What is made here is handed around as a plain pointer and never deleted by itself; destructors are not run, so a
 /// type that owns memory of its own (a vector, a string) does not belong here unless leaking that memory until the
-/// process ends is meant. Blocks that an arena gives up are kept for the next one, so that a run over many units touches
-/// no more memory than its largest moment needs. Used by one thread.
+/// process ends is meant. Blocks that an arena gives up are kept for the next one, so that a run over many units
+/// touches no more memory than its largest moment needs. Used by one thread.
 class Arena {
 public:
     Arena() = default;

@@ -45,8 +45,8 @@ void checkOverride(int pos, MethodSymbol* m, MethodSymbol* other) {
         const char* first = flagName(firstFlag(other->flags & (flag::FINAL | flag::STATIC)));
         reportError(pos, messages::cannotBeOverridden, m, m->location(), first, other, other->location());
     } else if (m->isStatic() && !other->isStatic()) {
-        reportError(pos, implements ? messages::staticCannotImplement : messages::staticCannotOverride, m, m->location(),
-                    other, other->location());
+        reportError(pos, implements ? messages::staticCannotImplement : messages::staticCannotOverride, m,
+                    m->location(), other, other->location());
     } else if (protectionRank(m->flags) > protectionRank(other->flags)) {
         report(implements ? messages::implementWithWeakerAccess : messages::overrideWithWeakerAccess,
                protectionName(other));
