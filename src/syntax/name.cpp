@@ -23,9 +23,10 @@ namespace tarn {
 class NameTable {
 public:
     Name* intern(const std::uint8_t* bytes, std::size_t length, std::uint32_t hash) {
-        Name* found = buckets_[hash & bucketMask];
-        while (found != nullptr && !matches(found, bytes, length, hash)) found = found->next;
-        return found != nullptr ? found : enter(bytes, length, hash);
+        Name* first = buckets_[hash & bucketMask];
+        if (first != nullptr && matches(first, bytes, length, hash)) [[likely]]
+            return first;
+        return search(bytes, length, hash);
     }
 
 private:
@@ -55,6 +56,20 @@ private:
         if (length >= 4) return sameEnds<std::uint32_t>(a, b, length);
         if (length >= 2) return sameEnds<std::uint16_t>(a, b, length);
         return length == 0 || *a == *b;
+    }
+
+    /// Looks behind the head of the chain. What is found moves to the head, where the next search for it ends: a text
+    /// uses few names again and again.
+    Name* search(const std::uint8_t* bytes, std::size_t length, std::uint32_t hash) {
+        Name*& bucket = buckets_[hash & bucketMask];
+        for (Name* before = bucket; before != nullptr && before->next != nullptr; before = before->next) {
+            Name* found = before->next;
+            if (!matches(found, bytes, length, hash)) continue;
+            before->next = found->next;
+            found->next = bucket;
+            return bucket = found;
+        }
+        return enter(bytes, length, hash);
     }
 
     Name* enter(const std::uint8_t* bytes, std::size_t length, std::uint32_t hash) {
