@@ -1,0 +1,5 @@
+package bank.accounts;
+
+public interface Limits {
+    int HIGHEST = 1000000;
+}
