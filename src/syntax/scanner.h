@@ -57,7 +57,10 @@ private:
         int code;                 ///< the byte; of an escape the ASCII character, or one of the classes below
         bool escaped;
     };
+    /// Codes of escaped characters above 127: what may start an identifier passes for a letter, what is no part of one
+    /// for a character that nothing begins with, and what may only continue one has a code that no byte has.
     enum : int { ESCAPED_LETTER = 'Z', ESCAPED_OTHER = 0x7F, ESCAPED_PART = 0x100 };
+    /// Whether a backslash without `u` is an error, as it is outside of comments and literals.
     enum Mode : bool { LENIENT, STRICT };
 
     Char plain(const std::uint8_t* at) const { return {at, at + 1, *at, false}; }

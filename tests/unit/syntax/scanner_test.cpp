@@ -130,6 +130,8 @@ TEST(Scanner, Words) {
 TEST(Scanner, BadEscapesBetweenAndInWords) {
     expectTokens({
         {R"(\ a)", "a", "1:1 invalid escape character"},
+        // The look ahead from a word or an operator reports, and so does the next token.
+        {R"(a\ b)", "a b", "1:2 invalid escape character|1:2 invalid escape character"},
         {R"(\\\;)", ";", "1:1 invalid escape character|1:2 invalid escape character|1:3 invalid escape character"},
         {R"(\u12;)", ";", "1:5 invalid escape character"},
         {R"(\u00g1)", "u00g1", "1:5 invalid escape character"},
