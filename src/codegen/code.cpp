@@ -79,6 +79,7 @@ void Code::markLine(int pc, int line) {
 }
 
 void Code::addLocalVar(VarSymbol* symbol, int start, int end) {
+    if (start == end) return;
     varRegister.push_back(low16(registerOf(symbol->adr)));
     varStart.push_back(low16(start));
     varEnd.push_back(low16(end));

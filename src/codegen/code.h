@@ -24,6 +24,9 @@ public:
     /// Takes back all that were lent out, and clears `code` of their methods.
     static void recycle();
 
+    /// Forgets everything, for a new generation.
+    void start(MethodSymbol* forMethod, bool fat);
+
     void addCatch(int start, int end, int handler, int type);
     /// Notes that the code from `pc` on belongs to `line`; takes the place of a mark at the same pc.
     void markLine(int pc, int line);
@@ -57,9 +60,6 @@ public:
     std::vector<std::uint16_t> varRegister, varStart, varEnd;
     std::vector<VarSymbol*> varSymbols;
     int varCount = 0;
-
-private:
-    void start(MethodSymbol* forMethod, bool fat);
 };
 
 } // namespace tarn
