@@ -128,7 +128,7 @@ void ArchiveStore::openDirectory() {
                              shortAt(record + ENTRY_COMMENT_LENGTH);
         if (next > end.size) throw IoFailure("bad dir entry");
         char* name = reinterpret_cast<char*>(record + ENTRY_LENGTH);
-        std::replace(name, name + nameLength, '\\', FILE_SEPARATOR);
+        if (std::memchr(name, '\\', nameLength) != nullptr) std::replace(name, name + nameLength, '\\', FILE_SEPARATOR);
         sorted = sorted && previous <= std::string_view(name, nameLength);
         previous = {name, nameLength};
         index_.push_back(static_cast<std::uint32_t>(at));

@@ -78,29 +78,26 @@ std::string_view canonicalName(std::string_view name) {
 }
 
 void decodeLatin1(Source source, EscapeWriter& out) {
-    while (!source.empty()) {
-        std::size_t ascii = asciiRun(source);
-        out.putAscii(source.first(ascii));
-        source = source.subspan(ascii);
-        if (source.empty()) return;
+    for (source = putAsciiRun(source, out); !source.empty(); source = putAsciiRun(source, out)) {
         out.putUnit(source[0]);
         source = source.subspan(1);
     }
 }
 
 void decodeSingleByte(SingleByteSet set, Source source, EscapeWriter& out) {
-    for (std::uint8_t byte : source)
-        out.putUnit(byte >= 0x80 ? set.high[byte - 0x80] : set.low != nullptr ? set.low[byte] : byte);
+    if (set.low != nullptr) {
+        for (std::uint8_t byte : source) out.putUnit(byte < 0x80 ? set.low[byte] : set.high[byte - 0x80]);
+        return;
+    }
+    for (source = putAsciiRun(source, out); !source.empty(); source = putAsciiRun(source, out)) {
+        out.putUnit(set.high[source[0] - 0x80]);
+        source = source.subspan(1);
+    }
 }
 
 /// Overlong forms count for the character that they spell. What the end of the source cuts off is left out.
 void decodeUtf8(Source source, EscapeWriter& out) {
-    while (!source.empty()) {
-        std::size_t ascii = asciiRun(source);
-        out.putAscii(source.first(ascii));
-        source = source.subspan(ascii);
-        if (source.empty()) return;
-
+    for (source = putAsciiRun(source, out); !source.empty(); source = putAsciiRun(source, out)) {
         std::uint8_t first = source[0];
         std::size_t length = first >> 5 == 0b110 ? 2 : first >> 4 == 0b1110 ? 3 : first >> 3 == 0b11110 ? 4 : 0;
         if (length == 0) throw MalformedInput("Malformed character");

@@ -54,4 +54,11 @@ private:
     Bytes out_;
 };
 
+/// Writes the ASCII that a source begins with and gives the rest.
+inline std::span<const std::uint8_t> putAsciiRun(std::span<const std::uint8_t> source, EscapeWriter& out) {
+    std::size_t ascii = asciiRun(source);
+    out.putAscii(source.first(ascii));
+    return source.subspan(ascii);
+}
+
 } // namespace tarn

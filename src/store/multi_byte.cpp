@@ -171,11 +171,7 @@ private:
 
 void decodeSet(const MultiByteSet& set, Source source, EscapeWriter& out) {
     Meanings meanings(set, out);
-    while (!source.empty()) {
-        std::size_t ascii = asciiRun(source);
-        out.putAscii(source.first(ascii));
-        source = source.subspan(ascii);
-        if (source.empty()) return;
+    for (source = putAsciiRun(source, out); !source.empty(); source = putAsciiRun(source, out)) {
         int length = set.sequenceLength(source);
         if (length == CUT_OFF) return;
         if (length == MALFORMED) throw MalformedInput("Malformed sequence");
