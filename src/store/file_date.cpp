@@ -54,7 +54,7 @@ Date dateOfDosTime(std::uint32_t packed) {
     unsigned twoSeconds = packed & 31;
     if (!day.ok() || hour > 23 || minute > 59 || twoSeconds > 29) return NO_DATE;
     std::int64_t days = sys_days(day).time_since_epoch().count();
-    return unitsOf(EPOCH + days * 86400 + hour * 3600 + minute * 60 + twoSeconds * 2);
+    return unitsOf(EPOCH + ((days * 24 + hour) * 60 + minute) * 60 + std::int64_t{twoSeconds} * 2);
 }
 
 Date dateOfFile(const char* path) {
