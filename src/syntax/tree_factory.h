@@ -16,7 +16,8 @@ class TreeFactory {
 public:
     virtual ~TreeFactory() = default;
 
-    // Lists are passed by pointer and given back to the factory; null is the list of a factory that builds nothing.
+    // Lists are passed by pointer and given back to the factory; null stands for an empty list, and is the list of a
+    // factory that builds nothing. Trees are null for what the construct leaves out, and again if nothing is built.
     virtual Tree* arrayInit(int pos, TreeBuffer* elems, Tree* elemtype) = 0;
     virtual Tree* apply(int pos, Tree* meth, TreeBuffer* args) = 0;
     virtual Tree* assign(int pos, int tag, Tree* lhs, Tree* rhs) = 0;
@@ -69,10 +70,42 @@ public:
     virtual ConstantType* floatConstant(int tag, float value) = 0;
     virtual ConstantType* doubleConstant(int tag, double value) = 0;
 
+    /// Reports that the source is nested too deep at that position; the first call only.
+    void reportTooDeep(int pos);
+
     bool isExpr = false; ///< the last term can stand as an expression
     bool isType = false; ///< it can stand as a type
-    int lastTag = 0;     ///< tag and position of the last construct
+    int lastTag = 0;     ///< tag and position of the last construct; 0 if it is erroneous
     int lastPos = 0;
+
+protected:
+    void record(int pos, int tag) {
+        lastTag = tag;
+        lastPos = pos;
+    }
+    void recordExpression(int pos, int tag) {
+        isExpr = true;
+        isType = false;
+        record(pos, tag);
+    }
+    void recordType(int pos, int tag) {
+        isExpr = false;
+        isType = true;
+        record(pos, tag);
+    }
+    /// A name, which may turn out to be either.
+    void recordName(int pos, int tag) {
+        isExpr = isType = true;
+        record(pos, tag);
+    }
+    /// A statement or declaration.
+    void recordOther(int pos, int tag) {
+        isExpr = isType = false;
+        record(pos, tag);
+    }
+
+private:
+    bool tooDeepReported_ = false;
 };
 
 } // namespace tarn
