@@ -20,11 +20,18 @@ Type* checkRefType(int pos, Type* type);
 void checkThrown(int pos, Type* type, TypeList* handled);
 /// The first of `thrown` that is checked and not contained in `handled`; null if none.
 Type* unhandled(TypeList* thrown, TypeList* handled);
+/// The argument types of a constructor of `c`, with that of the outer instance in front if it takes one. `encl` is the
+/// tree of a given outer instance and `outer` its type, both null if none is given; then `encl` becomes `q.this` of the
+/// class around that serves. Reports if none does, and if one is given in vain.
+Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, ClassSymbol* c);
 Symbol* checkNonStaticRef(int pos, Symbol* sym);
 void checkAbstractRef(int pos, Symbol* sym);
 bool isStaticContext(Env* env, const Symbol* c);
 bool isBlankFinalRefused(Env* env, VarSymbol* v);
 void warnDeprecated(int pos, Symbol* sym);
+/// Gives a final variable the value of its initializer as its type, if that is constant and the variable's declared
+/// type is primitive or String.
+void settleConstant(VarSymbol* v, Type* value);
 /// Settles the constant value of a final variable whose declaration may not be attributed yet.
 void evalConst(VarSymbol* v);
 

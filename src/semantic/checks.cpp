@@ -163,7 +163,7 @@ void addStub(ClassDef* tree, MethodSymbol* a) {
     std::uint32_t flags = flag::PUBLIC | flag::ABSTRACT;
     auto* def = arena.make<MethodDef>(arena, pos, treetag::METHODDEF, a->name, flags,
                                       makeTypeTree(arena, pos, a->type->resType()), params, thrown, nullptr);
-    tree->prepend(def);
+    tree->prepend(arena, def);
     def->memberEnter(tree->env);
 }
 

@@ -166,7 +166,12 @@ void ClassDef::enter(Env* outer) {
     env = outer->dup(this, c->members);
     env->enclClass = this;
     env->outer = outer;
+    env->enclMethod = nullptr;
     env->isStatic = false;
+    env->isSelfCall = false;
+    env->isSelectSuper = false;
+    // An anonymous class's initializers run where it is created, and may throw what is handled there.
+    if (!isAnonymous()) env->handled = nullptr;
     for (Tree* def : body->stats) def->enter(env);
     pendingClasses()[c] = this;
 }
@@ -348,12 +353,12 @@ void ClassDef::addDefaultConstructor() {
         if (def->tag == treetag::METHODDEF && static_cast<const MethodDef*>(def)->name == names().init) return;
     Arena& arena = env->toplevel->arena;
     auto* empty = arena.make<Block>(pos, Trees{});
-    prepend(arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, sym->flags & ACCESS_FLAGS, nullptr,
-                                  Trees{}, Trees{}, empty));
+    prepend(arena, arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, sym->flags & ACCESS_FLAGS,
+                                         nullptr, Trees{}, Trees{}, empty));
 }
 
-void ClassDef::prepend(Tree* def) {
-    Trees longer = env->toplevel->arena.makeArray<Tree*>(body->stats.size() + 1);
+void ClassDef::prepend(Arena& arena, Tree* def) {
+    Trees longer = arena.makeArray<Tree*>(body->stats.size() + 1);
     longer.front() = def;
     std::copy(body->stats.begin(), body->stats.end(), longer.begin() + 1);
     body->stats = longer;

@@ -378,6 +378,25 @@ Symbol* findIdentInPackage(int pos, ClassSymbol* package, Name* name, int kinds,
     return known->kind == PCK ? known : loadClass(env, flatName);
 }
 
+// ---- operators
+
+Symbol* findOperator(int pos, int treeTag, Env* env, Type* left, Type* right) {
+    bool primitive = left->tag >= typetag::BYTE && left->tag <= typetag::BOOLEAN &&
+                     (right == nullptr || (right->tag >= typetag::BYTE && right->tag <= typetag::BOOLEAN));
+    Symbol** remembered = nullptr;
+    if (primitive) {
+        remembered = &context().operatorOf(treeTag, left->tag, right == nullptr ? 0 : right->tag);
+        if (*remembered != nullptr) return *remembered;
+    }
+    Type* const operands[] = {left, right};
+    Types args(operands, right == nullptr ? 1 : 2);
+    Name* name = operatorName(treeTag);
+    Symbol* found = findMethod(env, context().predefClass, name, args);
+    if (!found->exists()) return accessSym(found, pos, classOf(env), &args, name);
+    if (remembered != nullptr) *remembered = found;
+    return found;
+}
+
 // ---- searches that report
 
 Symbol* accessSym(Symbol* sym, int pos, ClassSymbol* site, const Types* args, Name* name) {

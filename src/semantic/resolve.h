@@ -28,6 +28,10 @@ Symbol* findIdentInType(ClassSymbol* site, Name* name, const Types* args, int ki
 /// A member of a package. Does not report, but for a package and a class of one name.
 Symbol* findIdentInPackage(int pos, ClassSymbol* package, Name* name, int kinds, Env* env);
 
+/// The operator of that name for the operands (`right` null for a unary one), or after a report `errSymbol`. `treeTag`
+/// is the tag of the node, by which operators of primitive types are remembered.
+Symbol* findOperator(int pos, int treeTag, Env* env, Type* left, Type* right);
+
 /// The symbol, or after its report `errSymbol`.
 Symbol* accessSym(Symbol* sym, int pos, ClassSymbol* site, const Types* args, Name* name);
 Symbol* accessName(Symbol* sym, int pos, Name* name);

@@ -50,6 +50,12 @@ public:
     /// A copy of the types that lives as long as the run.
     Types copyTypes(Types types);
 
+    /// Where the operator of a node's tag for two primitive operand tags (0 for no second one) is remembered; null at
+    /// first.
+    Symbol*& operatorOf(int treeTag, int left, int right) {
+        return operators_[static_cast<std::size_t>((treeTag * OPERAND_TAGS + left) * OPERAND_TAGS + right)];
+    }
+
     Arena arena; ///< owns symbols, types, scopes and environments that outlive a unit
 
     std::array<Type*, TYPE_TAGS> typeOfTag{}; ///< by tag; for CLASS the pseudo type "java.lang.String"
@@ -104,6 +110,9 @@ private:
     void enterOperators();
     ClassSymbol* loadWellKnown(std::string_view flatName, Type*& type);
 
+    static constexpr int OPERAND_TAGS = typetag::BOOLEAN + 1;
+    static constexpr int OPERATOR_TREES = 80; ///< tags of operator nodes are below
+    std::array<Symbol*, static_cast<std::size_t>(OPERATOR_TREES* OPERAND_TAGS* OPERAND_TAGS)> operators_{};
     std::array<ArrayType*, 512> arrayTypes_{};
     std::array<MethodType*, 2048> methodTypes_{};
     std::array<ConstantType*, 1024> constantTypes_{};

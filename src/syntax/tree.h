@@ -4,6 +4,7 @@
 #include "runtime/bits.h"
 #include "semantic/symbol.h"
 #include "store/store.h"
+#include "syntax/name.h"
 
 #include <cstdint>
 #include <memory>
@@ -266,8 +267,12 @@ public:
     /// Sorts the members: initializers and field initializers become code of constructors and of `<clinit>`.
     void normalizeDefs();
     void addDefaultConstructor();
+    /// Whether this is the body of a creation; its name is a number then.
+    [[nodiscard]] bool isAnonymous() const {
+        return name == nullptr || (name->length > 0 && name->byteAt(0) >= '0' && name->byteAt(0) <= '9');
+    }
     /// Puts a definition in front of all others of the body.
-    void prepend(Tree* def);
+    void prepend(Arena& arena, Tree* def);
 
     Tree* extending; ///< null if there is no clause
     Trees implementing;

@@ -1,0 +1,196 @@
+#include "driver/reporter.h"
+#include "semantic/attribution.h"
+#include "semantic/context.h"
+#include "semantic/resolve.h"
+#include "semantic/scope.h"
+#include "syntax/tree.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+// Attribution of calls and creations.
+
+namespace tarn {
+
+using namespace attribution;
+using namespace typetag;
+
+namespace {
+
+/// The types of a call's arguments: in place for calls of usual length.
+class ArgumentTypes {
+public:
+    ArgumentTypes(Trees args, Env* env) : count_(args.size()) {
+        if (count_ > few_.size()) many_.resize(count_);
+        Type** next = data();
+        for (Tree* arg : args) *next++ = arg->attr(env, VAL, anythingType);
+    }
+    [[nodiscard]] Types types() const { return {count_ > few_.size() ? many_.data() : few_.data(), count_}; }
+
+private:
+    Type** data() { return count_ > few_.size() ? many_.data() : few_.data(); }
+
+    std::size_t count_;
+    std::array<Type*, 8> few_;
+    std::vector<Type*> many_;
+};
+
+} // namespace
+
+Type* Apply::attr(Env* env, int pkind, Type* pt) {
+    bool isConstructorCall = pkind == CTOR;
+    Env* argEnv = env;
+    if (isConstructorCall) {
+        argEnv = env->dup(this);
+        argEnv->isSelfCall = true;
+    }
+    ArgumentTypes arguments(args, argEnv);
+    // What the callee is held to; it lives as long as its attribution, and so is not interned.
+    MethodType prototype;
+    prototype.init(METHOD, context().functionBase->tsym, 0);
+    prototype.args = arguments.types();
+    prototype.result = anythingType;
+    prototype.thrownTypes = context().throwableList;
+    Type* callee = errType;
+    if (isConstructorCall) {
+        callee = meth->attr(env, CTOR, &prototype);
+    } else {
+        if (!checkKind(pos, VAL, pkind)) return type = errType;
+        callee = meth->attr(env, MTH, &prototype);
+        checkThrown(pos, callee, env->handled);
+    }
+    if (callee->tag != METHOD) return type = errType;
+    return type = checkAssignable(pos, callee->resType(), pt);
+}
+
+// ---- creations
+
+namespace {
+
+/// Resolves the constructor that the creation of a `c` calls.
+void instantiate(NewClass* tree, Env* env, Type* outer, Types args, ClassSymbol* c) {
+    if (c->isAbstract() || c->isInterface()) {
+        reportError(tree->pos, messages::abstractInstantiated, c);
+        return;
+    }
+    args = outerArguments(tree->pos, env, tree->encl, outer, args, c);
+    tree->constructor = resolve::resolveConstructor(tree->clazz->pos, c, env, args);
+    if (tree->constructor->type != nullptr) checkThrown(tree->pos, tree->constructor->type, env->handled);
+}
+
+Type* declarable(Type* type) {
+    if (type->tag == NULLTYPE) return context().objectType;
+    if (!type->isConstant()) return type;
+    return type->tag == CLASS ? context().stringType : context().typeOfTag[type->tag];
+}
+
+Trees thrownClauses(Arena& arena, int pos, TypeList* list) {
+    Trees clauses = arena.makeArray<Tree*>(static_cast<std::size_t>(TypeList::length(list)));
+    for (Tree*& clause : clauses) {
+        clause = arena.make<KnownType>(pos, list->head->tsym->name, list->head->tsym);
+        list = list->tail;
+    }
+    return clauses;
+}
+
+/// The constructor that a creation with a body and these arguments will call through the body's own; null if unknown.
+MethodSymbol* superConstructor(Env* env, ClassSymbol* c, Types args) {
+    bool before = env->isSelectSuper;
+    env->isSelectSuper = true;
+    Symbol* found = c->isInterface() ? nullptr : resolve::findMethod(env, c, names().init, args);
+    env->isSelectSuper = before;
+    return found != nullptr && found->kind == MTH ? static_cast<MethodSymbol*>(found) : nullptr;
+}
+
+/// Gives the body of an anonymous class a constructor that passes its parameters on. With a qualifier the first of them
+/// is the outer instance.
+void addPassingConstructor(NewClass* tree, Env* env, ClassSymbol* c, Types args) {
+    Arena& arena = env->toplevel->arena;
+    ClassDef* def = tree->def;
+    int pos = def->pos;
+    MethodSymbol* target = superConstructor(env, c, args);
+    Trees params = arena.makeArray<Tree*>(args.size());
+    Trees passed = arena.makeArray<Tree*>(args.size());
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        Type* type = target != nullptr ? (*target->type->argTypes())[i] : declarable(args[i]);
+        Name* name = Name::fromBytes("x" + std::to_string(i));
+        Tree* typeTree = arena.make<KnownType>(pos, type->tsym->name, type->tsym);
+        params[i] = arena.make<VarDef>(pos, name, 0U, typeTree, nullptr);
+        passed[i] = arena.make<Ident>(pos, name);
+    }
+    Tree* encl = nullptr;
+    if (tree->encl != nullptr && !passed.empty()) {
+        encl = passed.front();
+        passed = passed.subspan(1);
+    }
+    auto* call = arena.make<Apply>(pos, arena.make<Self>(pos, treetag::SUPER, encl), passed);
+    Trees stats = arena.makeArray<Tree*>(1);
+    stats.front() = arena.make<Exec>(pos, call);
+    Trees thrown = target == nullptr ? Trees{} : thrownClauses(arena, pos, target->type->thrown());
+    def->prepend(arena, arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, 0U, nullptr, params, thrown,
+                                              arena.make<Block>(pos, stats)));
+}
+
+/// A creation with a class body: the body extends or implements the class, and the object is one of the body.
+Type* attrWithBody(NewClass* tree, Env* env, ClassSymbol* c, Types args) {
+    ClassDef* def = tree->def;
+    if (c->isInterface()) {
+        def->implementing = env->toplevel->arena.makeArray<Tree*>(1);
+        def->implementing.front() = tree->clazz;
+        if (!args.empty()) {
+            reportError(tree->pos, messages::anonymousInterfaceWithArguments);
+            tree->args = {};
+            args = {};
+        }
+    } else {
+        def->extending = tree->clazz;
+    }
+    def->name = env->toplevel->anonymousName(*def);
+    addPassingConstructor(tree, env, c, args);
+    def->attr(env, VAL, anythingType);
+    if (def->sym == nullptr || def->sym->kind != TYP) return errType;
+    tree->encl = nullptr;
+    instantiate(tree, env, nullptr, args, def->classSymbol());
+    return def->sym->type;
+}
+
+/// Names the inner class in the class of the instance that is given for it.
+Type* attrQualifier(NewClass* tree, Env* env) {
+    if (tree->encl == nullptr) return nullptr;
+    Type* outer = tree->encl->attr(env, VAL, anythingType);
+    if (outer->tag != CLASS || tree->clazz->tag != treetag::IDENT) return outer;
+    Arena& arena = env->toplevel->arena;
+    auto* name = arena.make<KnownType>(tree->pos, outer->tsym->name, outer->tsym);
+    tree->clazz = arena.make<Select>(tree->clazz->pos, static_cast<Ident*>(tree->clazz)->name, name);
+    if (tree->def != nullptr) {
+        Trees longer = arena.makeArray<Tree*>(tree->args.size() + 1);
+        longer.front() = tree->encl;
+        std::copy(tree->args.begin(), tree->args.end(), longer.begin() + 1);
+        tree->args = longer;
+    }
+    return outer;
+}
+
+} // namespace
+
+Type* NewClass::attr(Env* env, int pkind, Type* pt) {
+    if (!checkKind(pos, VAL, pkind)) return type = errType;
+    if (encl != nullptr || def != nullptr) env->toplevel->hasInnerClasses = true;
+    Type* outer = attrQualifier(this, env);
+    Type* made = clazz->attr(env, TYP, anythingType);
+    ArgumentTypes arguments(args, env);
+    if (made->tag == CLASS) {
+        if (def != nullptr)
+            made = attrWithBody(this, env, made->tsym, arguments.types());
+        else
+            instantiate(this, env, outer, arguments.types(), made->tsym);
+    } else if (made->tag != ERROR) {
+        reportError(pos, messages::kindRequired, kindNames(TYP), made);
+        made = errType;
+    }
+    return type = checkAssignable(pos, made, pt);
+}
+
+} // namespace tarn
