@@ -74,6 +74,7 @@ ClassSymbol* attribBase(Env* env, Tree* tree, BaseRole role) {
 }
 
 void checkCyclic(int pos, ClassSymbol* c) {
+    ensureRead(c);
     if (c->members == nullptr) return;
     if (c->members->next == nullptr && c->superclass != nullptr) {
         c->members->next = c->members; // the mark of a class that is being walked

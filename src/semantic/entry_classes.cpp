@@ -91,6 +91,7 @@ ClassSymbol* takeOver(int pos, ClassSymbol* made, bool& isNew) {
     old->flags = made->flags;
     old->owner = made->owner;
     old->kind = TYP;
+    old->reading = Reading::DONE;
     return old;
 }
 

@@ -78,6 +78,7 @@ ClassSymbol* classOf(Env* env) {
 // ---- access
 
 bool isAccessibleClass(Env* env, ClassSymbol* c) {
+    ensureRead(c);
     if ((c->flags & flag::PUBLIC) != 0) return true;
     if (env == nullptr) return false;
     const Symbol* package = env->toplevel->package;
@@ -128,6 +129,7 @@ bool isAccessible(Env* env, ClassSymbol* site, Symbol* sym) {
 // ---- fields and variables
 
 Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
+    ensureRead(c);
     Symbol* best = varNotFound();
     if (c->members == nullptr) return best;
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry()) {
@@ -239,6 +241,7 @@ bool hasAccessibleMethod(Env* env, ClassSymbol* c, Name* name) {
 } // namespace
 
 Symbol* findMethod(Env* env, ClassSymbol* site, Name* name, Types args) {
+    ensureRead(site);
     if (site->members == nullptr) return methodNotFound();
     if (!site->isAbstract() && !site->isInterface()) return findInChain(env, site, name, args);
     Symbol* best = bestIn(env, site, methodNotFound(), site, args, name);
@@ -267,13 +270,19 @@ Symbol* findFun(Env* env, Name* name, Types args) {
 // ---- types and packages
 
 Symbol* findMemberType(Env* env, ClassSymbol* c, Name* name) {
+    ensureRead(c);
     Symbol* best = typeNotFound();
     if (c->members == nullptr) return best;
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry()) {
         Symbol* sym = entry->sym;
         if (sym->kind != TYP) continue;
-        if (isAccessible(env, c, sym)) return sym;
-        if (best->kind > ACCESS_ERROR) best = accessError(sym);
+        ensureRead(static_cast<ClassSymbol*>(sym));
+        if (Name* cause = context().classReader->failureOf(static_cast<ClassSymbol*>(sym)))
+            keepBetter(best, loadError(cause, TYP));
+        else if (isAccessible(env, c, sym))
+            return sym;
+        else if (best->kind > ACCESS_ERROR)
+            best = accessError(sym);
     }
     return best;
 }
@@ -350,19 +359,30 @@ Symbol* findIdent(int pos, Name* name, Env* env, const Types* args, int kinds) {
     return accessSym(best, pos, classOf(env), args, name);
 }
 
+namespace {
+
+/// What was not found may stand in a class that could not be read; then that is what the user should hear.
+Symbol* explained(Symbol* found, const ClassSymbol* site, int kinds) {
+    if (found->kind < VAR_NOT_FOUND) return found;
+    Name* cause = context().classReader->failureOf(site);
+    return cause == nullptr ? found : loadError(cause, kinds);
+}
+
+} // namespace
+
 Symbol* findIdentInType(ClassSymbol* site, Name* name, const Types* args, int kinds, Env* env) {
     Symbol* best = typeNotFound();
     if ((kinds & VAR) != 0) best = findField(env, site, name);
     if (!best->exists() && (kinds & MTH) != 0)
         keepBetter(best, findMethod(env, site, name, args == nullptr ? Types{} : *args));
     if (!best->exists() && (kinds & TYP) != 0) keepBetter(best, findMemberType(env, site, name));
-    return best;
+    return explained(best, site, kinds);
 }
 
 Symbol* findIdentInPackage(int pos, ClassSymbol* package, Name* name, int kinds, Env* env) {
     Name* flatName = formFullName(name, package);
     ClassSymbol* known = context().findClass(flatName);
-    if (known == nullptr) {
+    if (known == nullptr || known->reading == Reading::NAMED) {
         Symbol* c = loadClass(env, flatName);
         if (c->kind != LOAD_ERROR || (kinds & PCK) == 0) return c;
         Symbol* inner = enterPackage(env, flatName);
@@ -414,6 +434,7 @@ Symbol* resolveConstructor(int pos, ClassSymbol* site, Env* env, Types args) {
     env->isSelectSuper = true;
     Symbol* found = findMethod(env, site, names().init, args);
     env->isSelectSuper = before;
+    found = explained(found, site, CTOR);
     found = accessSym(found, pos, site, &args, names().init);
     if ((found->flags & flag::DEPRECATED) != 0) attribution::warnDeprecated(pos, found);
     return found;
@@ -434,6 +455,7 @@ Symbol* resolveMethod(ClassSymbol* site, Name* name, Type* argType) {
 }
 
 Symbol* lookupKind(ClassSymbol* c, int kind, Name* name) {
+    ensureRead(c);
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
         if (entry->sym->kind == kind) return entry->sym;
     return nullptr;

@@ -1,5 +1,6 @@
 #include "semantic/symbol.h"
 
+#include "classfile/class_file.h"
 #include "classfile/constant_pool.h"
 #include "semantic/context.h"
 #include "semantic/scope.h"
@@ -107,18 +108,31 @@ bool ClassSymbol::isRootClass() const {
     return flatName == names().javaLangObject;
 }
 
-bool ClassSymbol::isSubClass(const Symbol* base) const {
-    if (base->isInterface()) {
-        for (const ClassSymbol* c = this; c != nullptr; c = c->superclass) {
-            if (c == base) return true;
-            for (const ClassSymbol* i : c->interfaces)
-                if (i->isSubClass(base)) return true;
-        }
-        return false;
-    }
-    for (const ClassSymbol* c = this; c != nullptr; c = c->superclass)
+unsigned newWalk() {
+    static unsigned walks = 0;
+    return ++walks;
+}
+
+namespace {
+
+bool descendsFrom(const ClassSymbol* c, const Symbol* base, bool isInterface, unsigned walk) {
+    for (; c != nullptr && c->walk != walk; c = c->superclass) {
         if (c == base) return true;
+        c->walk = walk;
+        ensureRead(c);
+        if (!isInterface) continue;
+        for (const ClassSymbol* i : c->interfaces)
+            if (descendsFrom(i, base, isInterface, walk)) return true;
+    }
     return false;
+}
+
+} // namespace
+
+bool ClassSymbol::isSubClass(const Symbol* base) const {
+    if (this == base) return true;
+    bool isRead = base->kind != TYP || static_cast<const ClassSymbol*>(base)->reading == Reading::DONE;
+    return descendsFrom(this, base, base->isInterface() || !isRead, newWalk());
 }
 
 ClassSymbol* ClassSymbol::clone() {

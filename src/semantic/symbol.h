@@ -141,8 +141,13 @@ public:
     ConstantPool* pool = nullptr;  ///< while the class is generated; kept if dependencies are tracked
     Scope* constantRefs = nullptr; ///< variables of other classes whose value was inlined; null if none
     Reading reading = Reading::DONE;
-    int makeStamp = 0; ///< the make's stamp at which this symbol was looked at last
+    mutable unsigned walk = 0; ///< the walk over supertypes (see `newWalk`) that came by here last
+    int makeStamp = 0;         ///< the make's stamp at which this symbol was looked at last
 };
+
+/// The number of a new walk over supertypes. A walk leaves it on each class that it comes by, and so goes through each
+/// of them once, also where class files (or sources that are not checked yet) lead in a circle.
+unsigned newWalk();
 
 /// The failed outcome of a search: a kind from AMBIGUOUS up.
 class ResolveError : public Symbol {

@@ -1,5 +1,6 @@
 #include "semantic/type.h"
 
+#include "classfile/class_file.h"
 #include "driver/reporter.h"
 #include "runtime/failure.h"
 #include "semantic/attribution.h"
@@ -92,6 +93,7 @@ ConstantType* Type::constValue() {
 namespace {
 
 bool isReferenceSubClass(const ClassSymbol* c, const ClassSymbol* base) {
+    ensureRead(c);
     if (c->superclass != nullptr && c->superclass->isSubClass(base)) return true;
     for (const ClassSymbol* i : c->interfaces)
         if (i->isSubClass(base)) return true;
@@ -181,6 +183,8 @@ namespace {
 /// A cast between references that are no subtypes of each other: there may be an object of both unless both are
 /// classes, or one is a final class.
 bool isCastableClass(const Type* from, const Type* to) {
+    ensureRead(from->tsym);
+    ensureRead(to->tsym);
     return (from->tsym->isInterface() && !to->tsym->isFinal()) || (to->tsym->isInterface() && !from->tsym->isFinal());
 }
 

@@ -134,6 +134,8 @@ void Universe::makeArrayClass() {
     arrayMembers->owner = array;
     arrayMembers->setNext(objectClass->members);
     array->members = arrayMembers;
+    for (ArrayType* first : arrayTypes_) // those that the classes read so far have mentioned
+        for (ArrayType* type = first; type != nullptr; type = type->next) type->tsym->superclass = objectClass;
 
     lengthVar = arena.make<VarSymbol>();
     lengthVar->init(flag::PUBLIC | flag::FINAL, VAR, names().length, intType, array);
