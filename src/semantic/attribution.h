@@ -34,6 +34,9 @@ void warnDeprecated(int pos, Symbol* sym);
 void settleConstant(VarSymbol* v, Type* value);
 /// Settles the constant value of a final variable whose declaration may not be attributed yet.
 void evalConst(VarSymbol* v);
+/// The environment of a field's initializer or of an initializer block, with a scope of its own that the caller leaves.
+/// `env` is that of the class.
+Env* initializerEnv(Env* env, Tree* tree, bool isStatic);
 
 } // namespace attribution
 } // namespace tarn

@@ -10,6 +10,8 @@
 #include "semantic/scope.h"
 #include "syntax/tree.h"
 
+#include <algorithm>
+
 // Helpers of class entry: completion on demand, the clauses of a class, cycles of inheritance, and modifiers.
 
 namespace tarn::entry {
@@ -71,6 +73,12 @@ ClassSymbol* attribBase(Env* env, Tree* tree, BaseRole role) {
     else if (c->isFinal())
         reportError(tree->pos, messages::inheritsFromFinal, c);
     return c;
+}
+
+bool hasErroneousSupertype(const ClassSymbol* c) {
+    if (c->superclass != nullptr && c->superclass->type->tag == typetag::ERROR) return true;
+    return std::any_of(c->interfaces.begin(), c->interfaces.end(),
+                       [](const ClassSymbol* i) { return i->type->tag == typetag::ERROR; });
 }
 
 void checkCyclic(int pos, ClassSymbol* c) {

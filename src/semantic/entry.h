@@ -25,6 +25,8 @@ void forgetPending();
 enum class BaseRole { EXTENDS = 1, IMPLEMENTS = 2 };
 /// Attributes a clause of `extends` or `implements` and checks that it fits there; gives its class also after an error.
 ClassSymbol* attribBase(Env* env, Tree* tree, BaseRole role);
+/// Whether a supertype of the class could not be found: nothing is known of its members then.
+bool hasErroneousSupertype(const ClassSymbol* c);
 /// Finds cycles of inheritance and links the members of the class to those of its superclass.
 void checkCyclic(int pos, ClassSymbol* c);
 

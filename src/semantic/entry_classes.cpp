@@ -142,7 +142,7 @@ void ClassDef::enter(Env* outer) {
     ClassSymbol* c = context().newClass(0, flatName, unit->package);
     c->owner = owner;
     c->flags = checkFlags(pos, flags, allowedClassFlags(c), true);
-    if (outer->isStatic) c->flags |= flag::STATIC;
+    if (outer->isStatic || outer->isSelfCall) c->flags |= flag::STATIC;
     bool isNew = false;
     c = takeOver(pos, c, isNew);
     c->superclass = nullptr;
@@ -173,6 +173,7 @@ void ClassDef::enter(Env* outer) {
     env->isSelectSuper = false;
     // An anonymous class's initializers run where it is created, and may throw what is handled there.
     if (!isAnonymous()) env->handled = nullptr;
+    clinit = nullptr;
     for (Tree* def : body->stats) def->enter(env);
     pendingClasses()[c] = this;
 }
@@ -285,12 +286,6 @@ void enterInterfaces(ClassDef* tree, ClassSymbol* c) {
         cyclic = cyclic || tree->brokenCycle;
     }
     if (!cyclic) c->interfaces = interfaces;
-}
-
-bool hasErroneousSupertype(const ClassSymbol* c) {
-    if (c->superclass != nullptr && c->superclass->type->tag == typetag::ERROR) return true;
-    return std::any_of(c->interfaces.begin(), c->interfaces.end(),
-                       [](const ClassSymbol* i) { return i->type->tag == typetag::ERROR; });
 }
 
 std::uint32_t declaredFlags(const Tree* def) {
