@@ -141,6 +141,7 @@ private:
     TreeBuffer* forInit();
     TreeBuffer* forUpdate();
     TreeBuffer* moreExpressions(TreeBuffer* list);
+    [[nodiscard]] bool isBroken() const;
     bool checkExprOrDecl();
     void checkStatement();
 

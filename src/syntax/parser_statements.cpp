@@ -74,9 +74,15 @@ TreeBuffer* Parser::declarationOrExpression(TreeBuffer* list) {
     return list;
 }
 
-/// Whether the last term can be an expression; reports if not. For an erroneous term that has been done.
+/// Whether the last term is broken, so that something was reported about it already: it is erroneous, or a syntax error
+/// ended it.
+bool Parser::isBroken() const {
+    return factory_.lastTag == treetag::ERRONEOUS || scanner_.pos == scanner_.errorPos;
+}
+
+/// Whether the last term can be an expression; reports if not, but nothing more about a broken one.
 bool Parser::checkExprOrDecl() {
-    if (factory_.isExpr || factory_.lastTag == treetag::ERRONEOUS) return true;
+    if (factory_.isExpr || isBroken()) return true;
     report(factory_.lastPos, factory_.isType ? messages::malformedDeclaration : messages::malformedExpression);
     return false;
 }
@@ -87,8 +93,8 @@ void Parser::checkStatement() {
     int tag = factory_.lastTag;
     bool isStatement = (tag >= treetag::ASSIGN && tag <= treetag::MOD_ASG) ||
                        (tag >= treetag::PREINC && tag <= treetag::POSTDEC) || tag == treetag::APPLY ||
-                       tag == treetag::NEWCLASS || tag == treetag::ERRONEOUS;
-    if (!isStatement) report(factory_.lastPos, messages::notAStatement);
+                       tag == treetag::NEWCLASS;
+    if (!isStatement && !isBroken()) report(factory_.lastPos, messages::notAStatement);
 }
 
 // Compound statements; the keyword is the current token

@@ -14,7 +14,7 @@ using test::ScopedVariable;
 TEST(CatalogueTest, NumbersAreUniqueButForTwoPairs) {
     std::map<int, int> entries;
     for (std::size_t i = 0; i < messageCount; ++i) ++entries[messageNumber(static_cast<MessageId>(i))];
-    EXPECT_EQ(messageCount, 138u);
+    EXPECT_EQ(messageCount, 139u); // the catalogue and "nesting too deep"
     for (auto [number, count] : entries) EXPECT_EQ(count, number == 901 || number == 902 ? 2 : 1) << number;
 }
 
