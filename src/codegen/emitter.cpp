@@ -1,7 +1,9 @@
 #include "codegen/emitter.h"
 
+#include "codegen/item.h"
 #include "driver/reporter.h"
 #include "semantic/context.h"
+#include "semantic/resolve.h"
 #include "syntax/position.h"
 
 #include <algorithm>
@@ -57,6 +59,11 @@ void Emitter::startClass(ClassSymbol* c, ConstantPool* toPool) {
     currentClass = c;
     pool = toPool;
     foreignMembers_.clear();
+    valueOf_.fill(nullptr);
+    concat_ = nullptr;
+    this_ = nullptr;
+    blankFinals.clear();
+    releaseItems();
 }
 
 void Emitter::endClass() {
@@ -187,6 +194,28 @@ Symbol* Emitter::poolMember(Symbol* member, ClassSymbol* site) {
     copy->owner = site;
     foreignMembers_.push_back({member, site, copy});
     return copy;
+}
+
+Symbol* Emitter::stringValueOf(const Type* type) {
+    Context& current = context();
+    // All references go the same way, also null and arrays of char, which have a text like any other object.
+    bool reference = typeCode(type) == typecode::OBJECT;
+    Symbol*& method = valueOf_[reference ? +typetag::CLASS : type->tag];
+    if (method == nullptr) {
+        Type* argument = reference ? current.objectType : current.typeOfTag[type->tag];
+        Symbol* found = resolve::resolveMethod(current.stringClass, Name::fromBytes("valueOf"), argument);
+        if (found->kind == MTH) method = found;
+    }
+    return method;
+}
+
+Symbol* Emitter::stringConcat() {
+    Context& current = context();
+    if (concat_ == nullptr) {
+        Symbol* found = resolve::resolveMethod(current.stringClass, Name::fromBytes("concat"), current.stringType);
+        if (found->kind == MTH) concat_ = found;
+    }
+    return concat_;
 }
 
 // Flow.
@@ -365,6 +394,19 @@ void Emitter::addVar(VarSymbol* symbol) {
 void Emitter::addVarChecked(VarSymbol* symbol) {
     addVar(symbol);
     if (symbol->isFinal() && loopFinals != nullptr) loopFinals->incl(symbol->adr);
+}
+
+void Emitter::newThis() {
+    int index = newLocal(currentClass->type);
+    if (debugInfo_) {
+        if (this_ == nullptr) {
+            this_ = context().arena.make<VarSymbol>();
+            this_->init(flag::FINAL, VAR, names().this_, currentClass->type, code->method);
+        }
+        this_->adr = index;
+        addVar(this_);
+    }
+    assigned(index);
 }
 
 void Emitter::endScopes(int first) {

@@ -6,7 +6,9 @@
 #include "codegen/recycled.h"
 #include "runtime/bits.h"
 #include "runtime/failure.h"
+#include "semantic/type.h"
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -15,7 +17,6 @@ namespace tarn {
 class ClassSymbol;
 class Symbol;
 class Try;
-class Type;
 
 /// The jumps that wait for one target, newest first.
 ///
@@ -177,6 +178,8 @@ public:
     void addVar(VarSymbol* symbol);
     /// The same for a local, which if final belongs to the loop around it.
     void addVarChecked(VarSymbol* symbol);
+    /// The receiver, as the first variable of an instance method.
+    void newThis();
     /// The symbol of an index; null for a temporary.
     [[nodiscard]] VarSymbol* variable(int index) const { return vars_[static_cast<std::size_t>(index)]; }
     [[nodiscard]] int registerOf(int index) const { return code->registerOf(index); }
@@ -213,6 +216,12 @@ public:
     /// is the symbol itself, unless its class is not to be seen from here: then a copy of it that `site` owns.
     Symbol* poolMember(Symbol* member, ClassSymbol* site);
 
+    // Methods that generated code calls for the language; null if the class library lacks them.
+    /// `String.valueOf` for a value of that type.
+    Symbol* stringValueOf(const Type* type);
+    /// `String.concat`.
+    Symbol* stringConcat();
+
     // Tables. An empty range is left out.
     void addCatch(int start, int end, int handler, int type) {
         if (start != end) code->addCatch(start, end, handler, type);
@@ -221,13 +230,14 @@ public:
     Code* code = nullptr;         ///< of the current method
     ConstantPool* pool = nullptr; ///< of the current class
     ClassSymbol* currentClass = nullptr;
-    bool alive = false;         ///< the current place can be reached
-    bool fixedPc = false;       ///< somebody holds the current pc, so the jump before it must stay
-    int stackSize = 0;          ///< height of the operand stack, in words
-    int statementPos = 0;       ///< position of the current statement
-    Bits maybeUnset;            ///< variables that may have no value here
-    Bits maybeSet;              ///< variables that may already have a value here
-    Bits* loopFinals = nullptr; ///< the final variables declared in the innermost loop; null outside of loops
+    bool alive = false;                  ///< the current place can be reached
+    bool fixedPc = false;                ///< somebody holds the current pc, so the jump before it must stay
+    std::vector<VarSymbol*> blankFinals; ///< what the current initializer has to assign, in order of declaration
+    int stackSize = 0;                   ///< height of the operand stack, in words
+    int statementPos = 0;                ///< position of the current statement
+    Bits maybeUnset;                     ///< variables that may have no value here
+    Bits maybeSet;                       ///< variables that may already have a value here
+    Bits* loopFinals = nullptr;          ///< the final variables declared in the innermost loop; null outside of loops
 
 private:
     struct Leaving {
@@ -261,6 +271,9 @@ private:
     std::vector<int> rangeEnd_;    ///< where its variable became unassigned, -1 if it has not
     Recycled<Chain> chains_;
     Recycled<BitsCopy> copies_;
+    std::array<Symbol*, TYPE_TAGS> valueOf_{}; ///< found already in this class, by tag of the argument
+    Symbol* concat_ = nullptr;
+    VarSymbol* this_ = nullptr; ///< of this class; made at the first use
     std::vector<Leaving> leavingJumps_;
     std::vector<ForeignMember> foreignMembers_;
 };

@@ -233,6 +233,8 @@ public:
     void genMethod(bool fatcode);
     /// Reports what of the final fields an initializer leaves unassigned here.
     void checkFinals();
+    /// Generates a catch clause of that statement.
+    void genCatch(const Try* statement);
 
     Tree* restype;
     Trees params; ///< VarDefs
@@ -245,7 +247,6 @@ private:
     void addSelfCall();
     void enterSignature(Env* outer, MethodSymbol* m);
     void enterCatchClause(Env* outer);
-    Item* genCatch();
 };
 
 class ClassDef final : public Def {
@@ -271,6 +272,8 @@ public:
     [[nodiscard]] bool isAnonymous() const {
         return name == nullptr || (name->length > 0 && name->byteAt(0) >= '0' && name->byteAt(0) <= '9');
     }
+    /// Where the class goes; null if the file cannot be made. Throws IoFailure.
+    StoreRef outFile(const StoreRef& outputDirectory);
     /// Puts a definition in front of all others of the body.
     void prepend(Arena& arena, Tree* def);
 
@@ -420,6 +423,7 @@ public:
     Item* gen() override;
     void print(int precedence) override;
 
+    [[nodiscard]] bool hasFinalizer() const { return finalizer != nullptr; }
     /// Emits the call of the finally subroutine, if there is one and this point can be reached.
     void genFinalizerCall();
     /// Emits what the subroutine does.
@@ -429,6 +433,7 @@ public:
     Trees catchers;            ///< MethodDefs of tag CATCH
     Tree* finalizer;           ///< null if there is none
     Chain* jsrChain = nullptr; ///< pending calls of the finally subroutine
+    bool reachable = false;    ///< control can get into the body
     int startPc = 0;           ///< range of the body
     int endPc = 0;
     Bits* startUnset = nullptr; ///< the assignment sets at the start and the end of the body, while it is generated
@@ -438,6 +443,11 @@ public:
 protected:
     void genTry();
     Type* attrTry(Env* env, Type* pt);
+
+private:
+    Chain* genCatchers(Chain* exit);
+    void genCatchAll();
+    void genSubroutine(Chain* exit);
 };
 
 /// Built on Try: no catchers, and an empty block as finalizer.
@@ -592,8 +602,14 @@ public:
     using Tree::Tree;
     /// Emits the calls of the finally subroutines that the jump leaves, the innermost first.
     void genFinalizers();
+    /// Whether there are any.
+    [[nodiscard]] bool leavesFinalizer() const;
 
     TryList* finalizers = nullptr;
+
+protected:
+    /// Emits the jump behind those calls, and gives its chain.
+    Chain* genLeave();
 };
 
 class Throw final : public Jump {
