@@ -9,10 +9,6 @@
 
 namespace tarn {
 
-Item* Tree::gen() {
-    throw InternalError("gen");
-}
-
 void Tree::genLoad() {
     gen()->load(type);
 }
