@@ -144,11 +144,16 @@ public class Main {
         locals();
         new Main().Main(new Main()).out.println(h("h").length() + Main(3) + new Main().Main());
         out.println(new Empty() instanceof Nothing);
+        out.println(new class$Money$().$ + $_$.$$() + new $_$().toString().substring(0, 4));
         out.println(new Same().Same.same.Same.toString());
     }
 }
 
 ;
+
+/** A dollar sign is a letter like any other. */
+class class$Money$ { String $ = "$"; }
+class $_$ { static String $$() { return "$$"; } }
 
 interface Nothing { }
 final class Empty implements Nothing { };

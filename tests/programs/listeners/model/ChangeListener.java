@@ -1,0 +1,5 @@
+package model;
+
+public interface ChangeListener {
+    void changed(ChangeEvent e);
+}
