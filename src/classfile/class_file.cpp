@@ -198,13 +198,15 @@ Name* ClassFile::failureOf(const ClassSymbol* c) const {
 }
 
 Name* ClassFile::failureAbove(const ClassSymbol* c, unsigned walk) const {
-    for (; c != nullptr && c->walk != walk; c = c->superclass) {
-        c->walk = walk;
-        if (c->reading == Reading::FAILED) return failures_.at(c->flatName).cause;
-        for (const ClassSymbol* i : c->interfaces)
-            if (Name* cause = failureAbove(i, walk)) return cause;
+    if (c == nullptr || c->walk == walk) return nullptr;
+    c->walk = walk;
+    if (c->reading == Reading::FAILED) return failures_.at(c->flatName).cause;
+    Name* cause = failureAbove(c->superclass, walk);
+    for (const ClassSymbol* i : c->interfaces) {
+        if (cause != nullptr) break;
+        cause = failureAbove(i, walk);
     }
-    return nullptr;
+    return cause;
 }
 
 // ---- files
