@@ -9,16 +9,18 @@ namespace tarn {
 
 namespace {
 
-/// Keeps a make's options and reporter current for the span of the make.
+/// Keeps a make's context and reporter current for the span of the make.
 class CurrentMake {
 public:
-    CurrentMake(Options& options, Reporter* reporter) {
+    CurrentMake(Context& made, Reporter* reporter) {
+        Context::current = &made;
         setReporter(reporter);
-        currentOptions = &options;
+        currentOptions = &made.options;
     }
     ~CurrentMake() {
         currentOptions = nullptr;
         setReporter(nullptr);
+        Context::current = nullptr;
     }
     CurrentMake(const CurrentMake&) = delete;
     CurrentMake& operator=(const CurrentMake&) = delete;
@@ -28,9 +30,9 @@ public:
 
 void Maker::makeThem(const std::vector<StoreRef>& sources, const std::vector<std::string>&,
                      const std::vector<std::string>&, bool) {
-    CurrentMake current(options_, reporter_);
-    options_.keepPool = false;
-    options_.trackDependencies = true;
+    CurrentMake current(context_, reporter_);
+    context_.options.keepPool = false;
+    context_.options.trackDependencies = false;
     try {
         compileBatch(sources);
     } catch (const CompileAbort&) { // the failure has been reported; there is no more to do
@@ -41,7 +43,9 @@ void Maker::makeThem(const std::vector<StoreRef>& sources, const std::vector<std
     }
 }
 
-void Maker::compileBatch(const std::vector<StoreRef>&) {}
+void Maker::compileBatch(const std::vector<StoreRef>& sources) {
+    compiler_.compile(sources, outputDirectory_, reporter_);
+}
 
 void Maker::close() {
     classPath_ = nullptr;

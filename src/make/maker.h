@@ -1,6 +1,8 @@
 #pragma once
 
 #include "driver/options.h"
+#include "make/compiler.h"
+#include "semantic/context.h"
 #include "store/store.h"
 
 #include <optional>
@@ -15,11 +17,14 @@ class Reporter;
 class Maker {
 public:
     /// Quiet until the driver says otherwise.
-    Maker() { options_.quiet = true; }
+    Maker() { context_.options.quiet = true; }
 
-    Options& options() { return options_; }
-    void setEncoding(std::optional<std::string> encoding) { encoding_ = std::move(encoding); }
-    void setClassPath(PathList path) { classPath_ = std::move(path); }
+    Options& options() { return context_.options; }
+    void setEncoding(std::optional<std::string> encoding) { context_.encoding = std::move(encoding); }
+    void setClassPath(PathList path) {
+        context_.classPath = path;
+        classPath_ = std::move(path);
+    }
     void setSourcePath(PathList path) { sourcePath_ = std::move(path); }
     /// Null puts each class file beside its source.
     void setOutputDirectory(StoreRef directory) { outputDirectory_ = std::move(directory); }
@@ -37,8 +42,8 @@ public:
 private:
     void compileBatch(const std::vector<StoreRef>& sources);
 
-    Options options_;
-    std::optional<std::string> encoding_; ///< absent for plain bytes
+    Context context_;
+    Compiler compiler_;
     PathList classPath_;
     PathList sourcePath_;      ///< the very same list as the class path if none was named
     StoreRef outputDirectory_; ///< null if class files go beside their sources

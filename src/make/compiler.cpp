@@ -1,0 +1,197 @@
+#include "make/compiler.h"
+
+#include "classfile/class_file.h"
+#include "driver/reporter.h"
+#include "runtime/failure.h"
+#include "semantic/context.h"
+#include "semantic/entry.h"
+#include "syntax/parser.h"
+#include "syntax/scanner.h"
+#include "syntax/tree_builder.h"
+
+#include <chrono>
+#include <ranges>
+#include <string>
+#include <utility>
+
+namespace tarn {
+
+namespace {
+
+int errorCount() {
+    return currentReporter()->errorCount();
+}
+
+using Clock = std::chrono::steady_clock;
+
+std::string millisecondsSince(Clock::time_point start) {
+    auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    return std::to_string(elapsed.count());
+}
+
+/// Runs the grammar over a source. Failures to read or decode it are reported without position, and give null.
+TreeBuffer* parse(const StoreRef& source, TreeFactory& factory) {
+    ScopedSource here(source);
+    try {
+        Scanner scanner(*source, context().encoding);
+        return Parser(scanner, factory).compilationUnit();
+    } catch (const MalformedInput&) {
+        reportError(0, messages::malformedInputCharacter, source->toString());
+    } catch (const UnsupportedEncoding&) {
+        reportError(0, messages::unsupportedEncoding, context().encoding.value_or(""));
+    } catch (const IoFailure&) {
+        reportError(0, messages::cannotRead, source->toString());
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void Compiler::parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter) {
+    setReporter(reporter);
+    parse(source, factory);
+}
+
+Compiler::Task Compiler::parseFile(const StoreRef& source) {
+    const Options& options = context().options;
+    std::string shown = source->toString();
+    if (!options.quiet) printlnProgress("  compiling " + shown);
+    auto start = Clock::now();
+    if (options.verbose) printProgress("[parsing " + shown + " ");
+    auto task = std::make_unique<CompileTask>();
+    TreeBuilder builder(*task->arena);
+    if (TreeBuffer* defs = parse(source, builder))
+        task->unit = static_cast<CompilationUnit*>(builder.compilationUnit(defs, source));
+    if (options.verbose) printlnProgress(millisecondsSince(start) + "ms]");
+    return task;
+}
+
+// ---- a batch
+
+void Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter) {
+    memberQueue_.clear();
+    attributeQueue_.clear();
+    lowerQueue_.clear();
+    entering_ = false;
+    entry::forgetPending();
+    outputDirectory_ = std::move(outputDirectory);
+    setReporter(reporter);
+    context().options.deprecationSeen = false;
+    context().options.firstPass = true;
+    context().sourceClasses.clear();
+    try {
+        for (const StoreRef& source : sources) {
+            int errors = errorCount();
+            Task task = parseFile(source);
+            if (task->unit != nullptr) task->unit->enter();
+            task->ok = errorCount() == errors;
+            memberQueue_.push_back(std::move(task));
+        }
+        runQueues();
+    } catch (const CompileAbort&) {
+        // Reported where it was thrown.
+    }
+    context().sourceClasses.clear();
+    if (context().options.deprecationSeen) reportWarning(0, messages::deprecationNote);
+}
+
+void Compiler::runQueues() {
+    try {
+        context().initUniverse();
+    } catch (const IoFailure& failure) {
+        reportError(0, messages::initializationError, failure.what());
+        return;
+    }
+    runTasks();
+}
+
+void Compiler::runTasks() {
+    for (;;) {
+        if (!memberQueue_.empty()) {
+            runMemberQueue();
+        } else if (!attributeQueue_.empty()) {
+            Task task = std::move(attributeQueue_.front());
+            attributeQueue_.pop_front();
+            attributeAndGenerate(std::move(task));
+        } else if (!lowerQueue_.empty() && errorCount() == 0) {
+            lowerAll();
+        } else {
+            return;
+        }
+    }
+}
+
+void Compiler::runMemberQueue() {
+    while (!memberQueue_.empty()) {
+        Task task = std::move(memberQueue_.front());
+        memberQueue_.pop_front();
+        memberEnter(std::move(task));
+    }
+}
+
+void Compiler::memberEnter(Task task) {
+    entering_ = true;
+    int errors = errorCount();
+    if (task->unit != nullptr) task->unit->memberEnter(nullptr);
+    if (errorCount() != errors) task->ok = false;
+    attributeQueue_.push_back(std::move(task));
+    entering_ = false;
+}
+
+void Compiler::attributeAndGenerate(Task task) {
+    CompilationUnit* unit = task->unit;
+    if (unit == nullptr) return;
+    unit->attribute();
+    bool cloned = !task->onDemand && context().options.firstPass;
+    if (!task->ok || errorCount() != 0) {
+        if (cloned) cloneForMake(*unit);
+        return;
+    }
+    ScopedSource here(unit->source);
+    if (!unit->hasInnerClasses)
+        for (Tree* def : unit->defs)
+            if (def->tag == treetag::CLASSDEF) static_cast<ClassDef*>(def)->genClass(outputDirectory_);
+    if (cloned) cloneForMake(*unit);
+    if (unit->hasInnerClasses) lowerQueue_.push_back(std::move(task));
+}
+
+/// The make engine keeps a lean copy of each class, so that the trees can go.
+void Compiler::cloneForMake(CompilationUnit& unit) {
+    for (Tree* def : unit.defs | std::views::reverse) {
+        if (def->tag != treetag::CLASSDEF) continue;
+        ClassSymbol* symbol = static_cast<ClassDef*>(def)->classSymbol();
+        if (context().options.trackDependencies) context().classReader->classEntered(symbol, symbol->clone());
+    }
+}
+
+void Compiler::lowerAll() {
+    for (const Task& task : lowerQueue_) {
+        ScopedSource here(task->unit->source);
+        reportError(0, messages::innerClassesNotLowered, task->unit->source->toString());
+    }
+    lowerQueue_.clear();
+}
+
+// ---- on demand
+
+void Compiler::compileOnDemand(const StoreRef& source) {
+    StoreRef previous = currentSource();
+    int errors = errorCount();
+    Task task;
+    if (context().initialized) {
+        task = parseFile(source);
+    } else {
+        ScopedSource here(source);
+        reportError(0, messages::initializationError, "cannot recompile missing class during initialization");
+    }
+    if (task != nullptr && task->unit != nullptr) {
+        task->unit->enter();
+        task->onDemand = true;
+        memberQueue_.push_back(std::move(task));
+        if (!entering_) runMemberQueue();
+    }
+    if (errorCount() != errors) throw CompileAbort{};
+    setSource(previous);
+}
+
+} // namespace tarn
