@@ -1,0 +1,91 @@
+#include "driver/reporter.h"
+#include "generated_program.h"
+#include "runtime/arena.h"
+#include "semantic/context.h"
+#include "store/memory_store.h"
+#include "syntax/dependency_scanner.h"
+#include "syntax/parser.h"
+#include "syntax/scanner.h"
+#include "syntax/tree_builder.h"
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <vector>
+
+// Scanning, and parsing with either factory, of a generated program of 100,000 lines that lies in memory.
+
+namespace tarn::bench {
+
+namespace {
+
+struct Program {
+    Program() {
+        std::vector<GeneratedSource> sources = generateProgram(100'000);
+        lines = countLines(sources);
+        for (const GeneratedSource& source : sources) {
+            auto store = std::make_shared<ByteArrayStore>(nullptr, source.path);
+            store->write({reinterpret_cast<const std::uint8_t*>(source.text.data()), source.text.size()});
+            stores.push_back(std::move(store));
+        }
+    }
+    std::vector<StoreRef> stores;
+    int lines = 0;
+};
+
+const Program& program() {
+    static const Program made;
+    return made;
+}
+
+void countRate(benchmark::State& state) {
+    state.counters["lines/s"] =
+        benchmark::Counter(static_cast<double>(program().lines), benchmark::Counter::kIsIterationInvariantRate);
+}
+
+void scanning(benchmark::State& state) {
+    SilentReporter reporter;
+    setReporter(&reporter);
+    for (auto _ : state)
+        for (const StoreRef& store : program().stores) {
+            Scanner scanner(*store, std::nullopt);
+            while (scanner.token != Token::endOfInput) scanner.nextToken();
+            benchmark::DoNotOptimize(scanner.pos);
+        }
+    countRate(state);
+}
+BENCHMARK(scanning)->Unit(benchmark::kMillisecond);
+
+void parsing(benchmark::State& state) {
+    Context made;
+    SilentReporter reporter;
+    setReporter(&reporter);
+    for (auto _ : state)
+        for (const StoreRef& store : program().stores) {
+            Arena arena;
+            TreeBuilder builder(arena);
+            Scanner scanner(*store, std::nullopt);
+            benchmark::DoNotOptimize(Parser(scanner, builder).compilationUnit());
+        }
+    countRate(state);
+}
+BENCHMARK(parsing)->Unit(benchmark::kMillisecond);
+
+void dependencyScan(benchmark::State& state) {
+    Context made;
+    SilentReporter reporter;
+    setReporter(&reporter);
+    for (auto _ : state)
+        for (const StoreRef& store : program().stores) {
+            DependencyScanner collector;
+            Scanner scanner(*store, std::nullopt);
+            Parser(scanner, collector).compilationUnit();
+            benchmark::DoNotOptimize(collector.classes.size());
+        }
+    countRate(state);
+}
+BENCHMARK(dependencyScan)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace tarn::bench
