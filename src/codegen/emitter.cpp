@@ -89,6 +89,8 @@ void Emitter::startCode(MethodSymbol* method, bool fatcode) {
     chains_.release();
     copies_.release();
     leavingJumps_.clear();
+    gaps_.clear();
+    subroutineDepth = 0;
 }
 
 // Bytes and instructions.
@@ -216,6 +218,13 @@ Symbol* Emitter::stringConcat() {
         if (found->kind == MTH) concat_ = found;
     }
     return concat_;
+}
+
+void Emitter::checkNotNull() {
+    Context& current = context();
+    Symbol* getClass = resolve::findMethod(nullptr, current.objectClass, Name::fromBytes("getClass"), {});
+    if (getClass->kind == MTH) items::stackItem()->member(statementPos, getClass, current.objectClass)->invoke();
+    emitop(op::POP);
 }
 
 // Flow.
@@ -349,6 +358,20 @@ void Emitter::statBegin(int pos) {
 void Emitter::cutLeavingJumps(const Try* statement) {
     for (const Leaving& leaving : leavingJumps_)
         if (leaving.statement == statement) leaving.jump->cut = true;
+}
+
+void Emitter::closeGaps() {
+    int end = curPc();
+    for (auto gap = gaps_.rbegin(); gap != gaps_.rend() && gap->end < 0; ++gap) gap->end = end;
+}
+
+void Emitter::addCatch(const Try* statement, int start, int end, int handler, int type) {
+    for (const Gap& gap : gaps_) {
+        if (gap.statement != statement || gap.start < start || gap.end > end) continue;
+        addCatch(start, gap.start, handler, type);
+        start = gap.end;
+    }
+    addCatch(start, end, handler, type);
 }
 
 // Variables.

@@ -209,6 +209,18 @@ public:
     void noteLeaving(Try* statement, Chain* jump) { leavingJumps_.push_back({statement, jump}); }
     void cutLeavingJumps(const Try* statement);
 
+    // Code that belongs to a jump out of a `try` statement within a finally part. It has left the statement, and is
+    // kept out of its protected range: the verifier would take the handler for a part of whatever the jump leads to,
+    // and with it the finally part around, which then could not return.
+    /// Whether a finally part is being generated.
+    [[nodiscard]] bool inSubroutine() const { return subroutineDepth > 0; }
+    /// The statement is left from here on, until `closeGaps`.
+    void openGap(const Try* statement) { gaps_.push_back({statement, curPc(), -1}); }
+    void closeGaps();
+    /// Enters the protected range of the statement into the exception table, less its gaps.
+    void addCatch(const Try* statement, int start, int end, int handler, int type);
+    int subroutineDepth = 0; ///< finally parts around the current point
+
     // Constant pool.
     int poolPut(PoolEntry* entry) { return pool->put(entry); }
     int poolClass(Type* type);
@@ -219,6 +231,8 @@ public:
     // Methods that generated code calls for the language; null if the class library lacks them.
     /// `String.valueOf` for a value of that type.
     Symbol* stringValueOf(const Type* type);
+    /// Takes a reference off the stack and throws NullPointerException if it is null.
+    void checkNotNull();
     /// `String.concat`.
     Symbol* stringConcat();
 
@@ -243,6 +257,11 @@ private:
     struct Leaving {
         Try* statement;
         Chain* jump;
+    };
+    struct Gap {
+        const Try* statement;
+        int start;
+        int end; ///< -1 while it is open
     };
     /// A copy of a member for references through `site`.
     struct ForeignMember {
@@ -275,6 +294,7 @@ private:
     Symbol* concat_ = nullptr;
     VarSymbol* this_ = nullptr; ///< of this class; made at the first use
     std::vector<Leaving> leavingJumps_;
+    std::vector<Gap> gaps_; ///< of the method, in the order of their starts
     std::vector<ForeignMember> foreignMembers_;
 };
 

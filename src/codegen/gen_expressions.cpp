@@ -34,10 +34,16 @@ Item* constantOf(const Tree* tree) {
 
 // Names
 
-/// Whether the qualifier of a constant can be left out without a change of what the program does.
-bool isPlainName(const Tree* qualifier) {
-    if (qualifier->tag == treetag::SELECT) return static_cast<const Select*>(qualifier)->sym->kind != VAR;
-    return qualifier->tag == treetag::IDENT || qualifier->tag == treetag::THIS || qualifier->tag == treetag::SUPER;
+/// A constant that is reached through an expression: what that does is done, and then the value is at hand.
+Item* genConstantBehind(const Select* tree) {
+    Emitter& out = emitter();
+    if (tree->sym->isStatic()) {
+        tree->selected->gen()->discard(tree->selected->type);
+    } else {
+        tree->selected->genLoad();
+        out.checkNotNull();
+    }
+    return items::immediate(tree->sym->type->constValue());
 }
 
 /// The field `TYPE` of the wrapper class of a primitive type.
@@ -163,10 +169,8 @@ Item* Self::gen() {
 
 Item* Select::gen() {
     if (name == names().class_) return genClassLiteral(pos, selected->type);
-    if (type->isConstant()) {
-        if (!isPlainName(selected)) selected->gen()->discard(selected->type);
-        return constantOf(this);
-    }
+    if (type->isConstant()) return constantOf(this);
+    if (sym->kind == VAR && sym->type->isConstant() && !isPlainName(selected)) return genConstantBehind(this);
     if (sym->kind == TYP) return items::staticItem();
     if (sym == context().lengthVar) {
         selected->genLoad();

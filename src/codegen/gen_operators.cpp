@@ -28,9 +28,12 @@ void invokeIfThere(Symbol* method) {
         reportError(emitter().statementPos, messages::notFound, "String.valueOf or String.concat", "");
 }
 
-/// Turns the value on the stack into its text.
+/// Turns the value on the stack into its text. An object's `toString` may give null, which counts as "null", so that
+/// result is a value to be turned into text itself.
 void genStringValue(const Type* type) {
     invokeIfThere(emitter().stringValueOf(type));
+    if (type->tag == typetag::CLASS && !type->isConstant() && type != context().stringType)
+        invokeIfThere(emitter().stringValueOf(context().stringType));
 }
 
 Item* genConcatenation(Item* l, Tree* left, Tree* right) {

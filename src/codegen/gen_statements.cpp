@@ -137,13 +137,15 @@ Item* DoLoop::gen() {
 
 void Jump::genFinalizers() {
     struct Walk {
-        static void innermostFirst(const TryList* list) {
+        bool withGaps;
+        void innermostFirst(const TryList* list) const {
             if (list == nullptr) return;
             innermostFirst(list->tail);
             list->head->genFinalizerCall();
+            if (withGaps) emitter().openGap(list->head);
         }
     };
-    Walk::innermostFirst(finalizers);
+    Walk{emitter().inSubroutine() && leavesFinalizer()}.innermostFirst(finalizers);
 }
 
 bool Jump::leavesFinalizer() const {
@@ -156,6 +158,7 @@ Chain* Jump::genLeave() {
     Emitter& out = emitter();
     genFinalizers();
     Chain* jump = out.branch(ALWAYS);
+    out.closeGaps();
     if (jump == nullptr) return nullptr;
     for (const TryList* list = finalizers; list != nullptr; list = list->tail)
         if (list->head->hasFinalizer()) out.noteLeaving(list->head, jump);
@@ -185,6 +188,7 @@ Item* Return::gen() {
     if (expr == nullptr) {
         genFinalizers();
         out.emitop(op::RETURN);
+        out.closeGaps();
         return items::voidItem();
     }
     Type* result = method->method()->methodType()->result;
@@ -197,6 +201,7 @@ Item* Return::gen() {
     genFinalizers();
     value->load(result);
     out.emitop(op::IRETURN + truncate(typeCode(result)));
+    out.closeGaps();
     return items::voidItem();
 }
 

@@ -57,7 +57,7 @@ void MethodDef::genCatch(const Try* statement) {
     Emitter& out = emitter();
     VarSymbol* v = static_cast<VarDef*>(params.front())->variable();
     if (statement->reachable) {
-        out.addCatch(statement->startPc, statement->endPc, out.curPc(), out.poolClass(v->type));
+        out.addCatch(statement, statement->startPc, statement->endPc, out.curPc(), out.poolClass(v->type));
         out.entryPoint(1, *statement->startUnset, *statement->endSet);
     }
     int first = out.code->nextVar;
@@ -73,7 +73,7 @@ void Try::genCatchAll() {
     // The temporaries of this handler and of the subroutine share no register with anything that is protected.
     out.resetRegisters();
     out.entryPoint(1, *startUnset, *endSet);
-    out.addCatch(startPc, out.curPc(), out.curPc(), 0);
+    out.addCatch(this, startPc, out.curPc(), out.curPc(), 0);
     int thrown = out.newLocal(context().objectType);
     items::local(pos, thrown)->store(context().throwableType);
     genFinalizerCall();
@@ -87,7 +87,9 @@ void Try::genSubroutine(Chain* exit) {
     out.resolve(jsrChain);
     int returnAddress = out.newLocal(context().objectType);
     items::local(pos, returnAddress)->store(context().objectType);
+    ++out.subroutineDepth;
     genFinalizerBody();
+    --out.subroutineDepth;
     const Bits* after = out.dupUnset();
     if (!out.alive) {
         out.cutLeavingJumps(this);

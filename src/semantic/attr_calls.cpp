@@ -82,8 +82,7 @@ void instantiate(NewClass* tree, Env* env, Type* outer, Types args, ClassSymbol*
 
 Type* declarable(Type* type) {
     if (type->tag == NULLTYPE) return context().objectType;
-    if (!type->isConstant()) return type;
-    return type->tag == CLASS ? context().stringType : context().typeOfTag[type->tag];
+    return withoutValue(type);
 }
 
 Trees thrownClauses(Arena& arena, int pos, TypeList* list) {

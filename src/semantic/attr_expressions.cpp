@@ -32,11 +32,6 @@ Type* attrTypeTree(Tree* tree, Env* env) {
     return checkNonVoid(tree->pos, type)->tag == VOID ? errType : type;
 }
 
-Type* withoutValue(Type* type) {
-    if (!type->isConstant()) return type;
-    return type->tag == CLASS ? context().stringType : context().typeOfTag[type->tag];
-}
-
 bool isNumber(const Type* type) {
     return type->tag != ERROR && type->tag <= DOUBLE;
 }
@@ -176,9 +171,13 @@ Type* attrChoice(Conditional* tree, Env* env, Type* pt) {
         a = checkAssignable(tree->thenpart->pos, a, pt);
         b = checkAssignable(tree->elsepart->pos, b, pt);
     }
+    if (a->tag == ERROR || b->tag == ERROR) return errType;
+    if (constant) return chosen;
+    // The type of one branch if the other fits it; else that of the place, which both were held to.
+    if (a->isSubType(b)) return withoutValue(b);
+    if (b->isSubType(a)) return withoutValue(a);
     Type* merged = conditionalType(tree->elsepart->pos, conditionalType(tree->thenpart->pos, pt, a), b);
-    if (merged->tag == ERROR) return merged;
-    return constant ? chosen : withoutValue(merged);
+    return merged->tag == ERROR ? merged : withoutValue(merged);
 }
 
 /// A lone declaration can't be the branch of an `if`.

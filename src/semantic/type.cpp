@@ -202,13 +202,12 @@ bool isCastable(Type* from, Type* to) {
     return from->tag == CLASS && to->tag == CLASS && isCastableClass(from, to);
 }
 
-namespace {
-
-/// The type without its constant value.
-Type* plain(Type* type) {
+Type* withoutValue(Type* type) {
     if (!type->isConstant()) return type;
     return type->tag == CLASS ? context().stringType : context().typeOfTag[type->tag];
 }
+
+namespace {
 
 Type* commonNumericType(Type* a, Type* b) {
     for (int tag = std::max(a->tag, b->tag); tag <= DOUBLE; ++tag) {
@@ -225,10 +224,10 @@ Type* conditionalType(int pos, Type* a, Type* b) {
     if (b->tag == ANYTHING) return a;
     if (a->tag == ERROR || b->tag == ERROR) return errType;
     if (a->tag <= DOUBLE && b->tag <= DOUBLE) return commonNumericType(a, b);
-    if (a->isSubType(b)) return plain(b);
+    if (a->isSubType(b)) return withoutValue(b);
     if (a->isConstant() && a->tag == CLASS) return conditionalType(pos, context().stringType, b);
     Type* checked = attribution::checkAssignable(pos, b, a);
-    return checked->tag == ERROR ? checked : plain(a);
+    return checked->tag == ERROR ? checked : withoutValue(a);
 }
 
 bool isErroneous(const Type* type) {

@@ -210,6 +210,8 @@ bool isSubTypes(Types a, Types b);
 bool sameTypes(Types a, Types b);
 /// Whether a cast between the types can be legal.
 bool isCastable(Type* from, Type* to);
+/// The type that a constant is a value of; any other type itself.
+Type* withoutValue(Type* type);
 /// The common type of two branches; also merges the types of the statements of a block. Reports at `pos` if there is
 /// none and gives the error type.
 Type* conditionalType(int pos, Type* a, Type* b);

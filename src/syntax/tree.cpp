@@ -25,6 +25,14 @@ Tree* Tree::erroneous() {
     return &shared;
 }
 
+bool isPlainName(const Tree* qualifier) {
+    if (qualifier->tag == treetag::SELECT) {
+        const Symbol* sym = static_cast<const Select*>(qualifier)->sym;
+        return sym == nullptr || sym->kind != VAR;
+    }
+    return qualifier->tag == treetag::IDENT || qualifier->tag == treetag::THIS || qualifier->tag == treetag::SUPER;
+}
+
 NamedTree::NamedTree(int pos_, int tag_, Name* name_)
     : Tree(pos_, name_ == names().error ? static_cast<int>(treetag::ERRONEOUS) : tag_), name(name_) {}
 

@@ -726,6 +726,10 @@ public:
     Tree* cond;
 };
 
+/// Whether evaluating the qualifier does nothing: a name of one part, a class or package name, `this` or `super`. Only
+/// through such a qualifier a constant is part of a constant expression.
+bool isPlainName(const Tree* qualifier);
+
 /// The source text of an operator node's operator ("+", "=" less for a compound assignment); entered once.
 Name* operatorName(int tag);
 
