@@ -96,7 +96,7 @@ public class Main {
             failed += "rows;";
         }
         try {
-            Object x = shared[3];
+            int x = shared[3];
         } catch (ArrayIndexOutOfBoundsException e) {
             failed += "bounds;";
         }
