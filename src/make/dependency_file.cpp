@@ -1,0 +1,263 @@
+#include "make/dependency_file.h"
+
+#include "driver/options.h"
+#include "driver/reporter.h"
+#include "runtime/failure.h"
+#include "store/archive_store.h"
+#include "store/directory_store.h"
+#include "store/file_date.h"
+#include "store/path_list.h"
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+#include <string>
+#include <utility>
+
+namespace tarn {
+
+namespace {
+
+constexpr int VERSION = 4;
+constexpr int IS_SUPERCLASS = 1;
+constexpr int IS_INTERFACE = 2;
+constexpr Date QUARTER_HOUR = 450;
+constexpr std::size_t MOST = std::numeric_limits<std::uint16_t>::max(); ///< what a count or length can say
+
+/// Dates from a file can be any number, so sums wrap around.
+Date sum(Date a, Date b) {
+    return static_cast<Date>(static_cast<std::uint64_t>(a) + static_cast<std::uint64_t>(b));
+}
+
+Date difference(Date a, Date b) {
+    return static_cast<Date>(static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b));
+}
+
+/// The nearest multiple of a quarter of an hour: clocks that are put forward or back, and time zones, differ by those.
+Date toQuarterHours(Date span) {
+    Date moved = sum(span, span < 0 ? -QUARTER_HOUR / 2 : QUARTER_HOUR / 2);
+    return moved - moved % QUARTER_HOUR;
+}
+
+Date shifted(Date date, Date offset) {
+    return date == 0 ? 0 : sum(date, offset);
+}
+
+} // namespace
+
+// ---- reading
+
+bool DependencyFiles::read(PackageNode& package, Store& store, bool forMaking) {
+    std::string cause;
+    try {
+        readRecords(package, store, forMaking);
+        return true;
+    } catch (const IoFailure& failure) {
+        cause = failure.what();
+    }
+    if (cause.empty()) cause = "corrupted file";
+    ScopedSource none(nullptr);
+    reportWarning(0, messages::errorReadingDependencies, package.name, cause);
+    return false;
+}
+
+/// A file that does not even begin like a dependency file of the package is not read any further.
+std::span<const std::uint8_t> DependencyFiles::contents(Store& store, const PackageNode& package) {
+    std::size_t length = store.readInto(buffer_);
+    DependencyDecoder begin(std::span(buffer_).first(std::min(length, buffer_.size())), graph_.arena);
+    DependencyHeader header = begin.header();
+    if (header.package != package.name) throw IoFailure("contains wrong package " + header.package->toString());
+    if (length >= LARGEST_FILE) throw IoFailure("file too large");
+    if (length >= buffer_.size()) {
+        buffer_ = store.read();
+        length = buffer_.size();
+    }
+    return std::span(buffer_).first(length);
+}
+
+void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMaking) {
+    const Options& options = *currentOptions;
+    DependencyDecoder decoder(contents(store, package), graph_.arena);
+    store.close();
+    DependencyHeader header = decoder.header();
+    if (header.package != package.name) throw IoFailure("contains wrong package " + header.package->toString());
+    if (options.verbose) {
+        std::string_view word = !header.stable ? "not " : forMaking ? "was " : "";
+        printlnProgress("  reading " + store.toString() + " (" + std::string(word) + "stable)");
+    }
+    bool stable = header.stable && !forMaking;
+    bool library = decoder.sourceCount() == 0 && stable && dynamic_cast<ZipStore*>(&store) != nullptr;
+    bool withImports = !library && !(stable && options.nocheckstable);
+    DependencyRecords records = decoder.records(withImports);
+
+    package.stable = stable;
+    package.library = library;
+    package.keepImps = package.keepRefs = withImports;
+    package.fresh = false;
+    package.dateOffset = toQuarterHours(difference(store.date(), header.writeDate));
+    enter(package, records);
+}
+
+void DependencyFiles::enter(PackageNode& package, const DependencyRecords& records) {
+    package.sources = {};
+    package.classes = {};
+    for (const SourceRecord& record : records.sources) {
+        SourceNode& source = graph_.sourceOfRecord(record.name);
+        source.packageName = package.name;
+        source.date = record.date;
+        source.defs = record.defs;
+        source.imports = record.imports;
+        package.sources.put(graph_.arena, &source);
+    }
+    package.classes.reserve(graph_.arena, static_cast<std::uint32_t>(records.classes.size()));
+    for (const ClassRecord& record : records.classes) enterClass(package, record);
+}
+
+void DependencyFiles::enterClass(PackageNode& package, const ClassRecord& record) {
+    Date offset = package.dateOffset;
+    ClassNode& c = graph_.classNode(record.name);
+    c.state = 0;
+    c.date = shifted(record.date, offset);
+    c.fprint = record.fprint;
+    c.sourceName = record.sourceName;
+    c.sourceDate = record.sourceName == nullptr ? 0 : shifted(record.sourceDate, offset);
+    c.symbol = nullptr;
+    c.defsCached = false;
+    c.vardefs = c.fundefs = {};
+    c.impsCached = record.hasImports;
+    c.refsCached = record.hasRefs;
+    c.imps = record.imps;
+    c.superclass = record.superclass;
+    c.interfaces = record.interfaces;
+    for (ImportRecord* import : c.imps.nodes()) import->date = shifted(import->date, offset);
+    package.classes.put(graph_.arena, &c);
+}
+
+// ---- writing
+
+void DependencyFiles::write(const PackageNode& package, StoreRef outputDirectory) {
+    std::string cause;
+    StoreRef store;
+    try {
+        if (!outputDirectory) outputDirectory = std::make_shared<DirectoryStore>(".");
+        store = outputStore(std::move(outputDirectory), dependencyFileStem(package.name), DEPENDENCY_EXTENSION);
+        if (currentOptions->verbose) {
+            printlnProgress("  writing " + (store ? store->toString() : "null") +
+                            (package.stable ? " (stable)" : " (not stable)"));
+        }
+        if (!store) throw IoFailure("cannot create");
+        encode(package);
+        store->write(std::span(buffer_).first(position_));
+        return;
+    } catch (const IoFailure& failure) {
+        cause = failure.what();
+    }
+    if (store) store->close();
+    reportError(0, messages::errorWriting, "dependency file for package " + package.name->toString(), cause);
+    throw MakeAbort{};
+}
+
+void DependencyFiles::encode(const PackageNode& package) {
+    if (package.sources.size() > MOST || package.classes.size() > MOST) throw IoFailure("too many classes");
+    position_ = 0;
+    byte(VERSION);
+    name(package.name);
+    byte(package.stable ? 1 : 0);
+    date(dateOfUnixTime(std::time(nullptr)));
+    u16(package.sources.size());
+    for (const SourceNode* source : package.sources.nodes()) putSource(*source);
+    u16(package.classes.size());
+    for (const ClassNode* c : package.classes.nodes()) putClass(*c);
+}
+
+namespace {
+
+bool fits(std::span<Name* const> names) {
+    return names.size() <= MOST &&
+           std::all_of(names.begin(), names.end(), [](const Name* name) { return name->length <= MOST; });
+}
+
+} // namespace
+
+/// What the format has no room for is left out, so that the source is scanned again in the next run.
+void DependencyFiles::putSource(const SourceNode& source) {
+    bool isKnown = source.date != 0 && fits(source.defs) && fits(source.imports);
+    name(source.name);
+    date(isKnown ? source.date : 0);
+    names(isKnown ? source.defs : std::span<Name*>());
+    names(isKnown ? source.imports : std::span<Name*>());
+}
+
+void DependencyFiles::putClass(const ClassNode& c) {
+    name(c.name);
+    date(c.date);
+    u32(static_cast<std::uint32_t>(c.fprint));
+    name(c.sourceName);
+    date(c.sourceDate);
+    std::size_t count = c.impsCached && c.imps.size() <= MOST ? c.imps.size() : 0;
+    u16(count);
+    if (count == 0) return;
+    auto isInterface = [&c](const ImportRecord* import) {
+        return std::find(c.interfaces.begin(), c.interfaces.end(), import) != c.interfaces.end();
+    };
+    u16(static_cast<std::size_t>(std::count_if(c.imps.nodes().begin(), c.imps.nodes().end(), isInterface)));
+    byte(c.refsCached ? 1 : 0);
+    for (const ImportRecord* import : c.imps.nodes()) {
+        name(import->name);
+        byte((import == c.superclass ? IS_SUPERCLASS : 0) | (isInterface(import) ? IS_INTERFACE : 0));
+        date(import->date);
+        u32(static_cast<std::uint32_t>(import->fprint));
+        if (!c.refsCached) continue;
+        refs(import->varrefs);
+        refs(import->funrefs);
+    }
+}
+
+void DependencyFiles::refs(const NodeTable<DefRecord>& table) {
+    u16(table.size());
+    for (const DefRecord* ref : table.nodes()) {
+        name(ref->name);
+        u32(static_cast<std::uint32_t>(ref->fprint));
+    }
+}
+
+void DependencyFiles::room(std::size_t count) {
+    if (count > buffer_.size() - position_) buffer_.resize(std::max(buffer_.size() * 2, position_ + count));
+}
+
+void DependencyFiles::byte(int value) {
+    room(1);
+    buffer_[position_++] = static_cast<std::uint8_t>(value);
+}
+
+void DependencyFiles::u16(std::size_t value) {
+    require(value <= MOST, "count in dependency file");
+    byte(static_cast<int>(value >> 8));
+    byte(static_cast<int>(value & 0xFF));
+}
+
+void DependencyFiles::u32(std::uint32_t value) {
+    u16(value >> 16);
+    u16(value & 0xFFFF);
+}
+
+void DependencyFiles::date(Date value) {
+    auto bits = static_cast<std::uint64_t>(value);
+    u32(static_cast<std::uint32_t>(bits >> 32));
+    u32(static_cast<std::uint32_t>(bits));
+}
+
+void DependencyFiles::name(const Name* name) {
+    std::size_t length = name == nullptr ? 0 : name->length;
+    u16(length);
+    room(length);
+    if (length != 0) name->copyTo(buffer_.data() + position_);
+    position_ += length;
+}
+
+void DependencyFiles::names(std::span<Name* const> names) {
+    u16(names.size());
+    for (const Name* each : names) name(each);
+}
+
+} // namespace tarn
