@@ -64,8 +64,8 @@ bool DependencyFiles::read(PackageNode& package, Store& store, bool forMaking) {
 /// A file that does not even begin like a dependency file of the package is not read any further.
 std::span<const std::uint8_t> DependencyFiles::contents(Store& store, const PackageNode& package) {
     std::size_t length = store.readInto(buffer_);
-    DependencyDecoder begin(std::span(buffer_).first(std::min(length, buffer_.size())), graph_.arena);
-    DependencyHeader header = begin.header();
+    std::span<const std::uint8_t> whole(buffer_);
+    DependencyHeader header = DependencyDecoder(whole.first(std::min(length, whole.size())), graph_.arena).header();
     if (header.package != package.name) throw IoFailure("contains wrong package " + header.package->toString());
     if (length >= LARGEST_FILE) throw IoFailure("file too large");
     if (length >= buffer_.size()) {
