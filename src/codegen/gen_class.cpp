@@ -93,11 +93,17 @@ StoreRef ClassDef::outFile(const StoreRef& outputDirectory) {
 
 namespace {
 
+/// Whether code must give the field its first value. A virtual machine takes the value of a constant from its attribute
+/// only if the field is static; in an object it would stay 0 for who looks with reflection.
+bool needsInitializer(const VarDef* field) {
+    return field->init != nullptr && !(field->sym->isStatic() && field->sym->type->isConstant());
+}
+
 /// The initializer of a field as the statement that it is when a class or an object is made. The definition loses it.
 Tree* takeInitializer(Arena& arena, VarDef* field) {
     auto* target = arena.make<Ident>(field->pos, field->name);
     target->sym = field->sym;
-    target->type = field->sym->type;
+    target->type = withoutValue(field->sym->type);
     auto* assignment = arena.make<Assignop>(field->pos, treetag::ASSIGN, target, field->init, target->type);
     field->init = nullptr;
     return arena.make<Exec>(field->pos, assignment, target->type);
@@ -138,7 +144,7 @@ void ClassDef::normalizeDefs() {
         }
         case treetag::VARDEF: {
             auto* field = static_cast<VarDef*>(def);
-            if (field->init != nullptr && !field->sym->type->isConstant())
+            if (needsInitializer(field))
                 (field->sym->isStatic() ? clinitCode : initCode).push_back(takeInitializer(arena, field));
             defs.push_back(def);
             break;
