@@ -1,4 +1,4 @@
-/** Exact fractions and matrices of them, complex numbers and the fast Fourier transform, a simplex of plain doubles. */
+/** Exact fractions and matrices of them, complex numbers and the fast Fourier transform, and some plain numerics. */
 final class Fraction {
     static final Fraction ZERO = new Fraction(0, 1), ONE = new Fraction(1, 1);
     private final long p, q;
