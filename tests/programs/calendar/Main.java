@@ -174,7 +174,7 @@ public class Main {
 
     public static void main(String[] args) {
         Calendar[] calendars = { new Words(), new Roman(), new Julian() };
-        String[] days = { "1996-02-29", "1970-01-01", "2000-12-31", "1582-10-15", "1900-03-01", "1997-01-01", "1917-11-07", "0001-01-01", "1998-12-31" };
+        String[] days = { "1996-02-29", "1970-01-01", "2000-12-29", "1582-10-15", "1900-03-01", "1997-01-01", "1917-11-07", "0001-01-01", "1998-12-29" };
         for (int i = 0; i < days.length; i++) {
             Day d = Day.parse(days[i]);
             System.out.print(d);
