@@ -62,7 +62,7 @@ Item* ClassDef::gen() {
 void ClassDef::genClass(const StoreRef& outputDirectory) {
     ClassSymbol* c = classSymbol();
     Context& current = context();
-    c->pool = current.arena.make<ConstantPool>();
+    c->pool = current.classReader->newPool();
     ScopedClass scope(c);
     int errors = currentReporter()->errorCount();
     normalizeDefs();
@@ -71,7 +71,7 @@ void ClassDef::genClass(const StoreRef& outputDirectory) {
     if (current.options.trackDependencies) {
         recordReferences(this, c);
     } else {
-        c->pool->entries = {};
+        current.classReader->freePool(c->pool);
         c->pool = nullptr;
     }
 }
