@@ -97,6 +97,10 @@ public:
     static Name* xClassName(Type* type);
 
 protected:
+    // For the make engine. Its `refClass` looks only after classes of `Reading::DONE`, since `load` asks for the files
+    // of all others anyway. What answers to a name may be loaded and compiled while a class is being named, but not
+    // while one is parsed: parsing names classes through `nameClass` alone.
+
     /// Reads the whole file into `buffer`.
     void readFile(Store& store);
     /// Gives the symbol back the state of a class that was named and not read, on `todo`; nothing if it is there
@@ -125,8 +129,8 @@ private:
 
     std::unique_ptr<ClassReader> reader_;
     const ClassSymbol* lastRead_ = nullptr; ///< whose file was parsed last; null at the start of each completion
-    std::unique_ptr<ClassWriter> writer_; ///< made at the first write
-    NameTableOf<Failure> failures_;       ///< the classes of Reading::FAILED, which `classes` has no more
+    std::unique_ptr<ClassWriter> writer_;   ///< made at the first write
+    NameTableOf<Failure> failures_;         ///< the classes of Reading::FAILED, which `classes` has no more
     std::vector<std::unique_ptr<ConstantPool>> pools_;
     std::vector<ConstantPool*> freePools_;
     std::string path_; ///< scratch for file names

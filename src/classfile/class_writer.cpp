@@ -364,8 +364,9 @@ Name* ClassWriter::slashed(const Name* text) {
 
 // ---- inner classes
 
-/// Lists the class if it is an inner one, behind the classes around it.
+/// Lists the class if it is an inner one, behind the classes around it. Its own file says so, if no other has yet.
 void ClassWriter::enterInner(ClassSymbol* c) {
+    if (c->flatName->indexOf('$') < static_cast<int>(c->flatName->length)) ensureRead(c);
     const InnerClassRecord* record = context().innerClass(c->flatName);
     if (record == nullptr || !innerSeen_.insert(c->flatName).second) return;
     if (innerAttribute_ == 0) innerAttribute_ = pool_->put(innerClassesName_);
