@@ -91,6 +91,14 @@ void Scope::enter(Symbol* symbol) {
     for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked) sub->inherit(head, entry);
 }
 
+void Scope::setOrder(std::span<Symbol* const> entries) {
+    elems = nullptr;
+    for (Symbol* entry : entries) {
+        entry->sibling = elems;
+        elems = entry;
+    }
+}
+
 void Scope::enterIfAbsent(Symbol* symbol) {
     for (Symbol* entry = lookup(symbol->name); entry->scope == this; entry = entry->nextEntry())
         if (entry->sym->kind == symbol->sym->kind) return;

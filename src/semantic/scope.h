@@ -4,6 +4,7 @@
 #include "syntax/name.h"
 
 #include <array>
+#include <span>
 
 namespace tarn {
 
@@ -29,6 +30,8 @@ public:
     void reenter();
     /// Enters the symbol, or an alias of it if it already stands in a scope.
     void enter(Symbol* symbol);
+    /// Lists these of its entries, and no others, in this order, oldest first. What a lookup finds stays as it is.
+    void setOrder(std::span<Symbol* const> entries);
     /// Enters unless this scope itself has an entry of the same name for a symbol of the same kind.
     void enterIfAbsent(Symbol* symbol);
     /// Lets every bucket continue into that of `superScope` (null: only sets `next`). What is entered into `superScope`
