@@ -74,10 +74,10 @@ MethodSymbol* Lowering::accessMethod(Symbol* member, ClassSymbol* host, int op, 
     Type* type = member->type;
     if (member->kind == VAR) {
         Types operands = operand == nullptr ? Types{} : Types(&operand, 1);
-        type = context().methodType(operands, member->type, nullptr);
+        type = context().methodType(operands, declarableType(member->type), nullptr);
     }
-    symbol->init(flag::SYNTHETIC | flag::FINAL | (member->flags & flag::STATIC), MTH, accessName(host, entry.number, op),
-                 type, host);
+    symbol->init(flag::SYNTHETIC | flag::FINAL | (member->flags & flag::STATIC), MTH,
+                 accessName(host, entry.number, op), type, host);
     entry.methods.push_back({op, operand, symbol});
     return symbol;
 }
@@ -133,8 +133,7 @@ void Lowering::addAccessMethods(ClassDef* tree) {
     for (const Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling)
         members.push_back(entry->sym);
     auto rank = [&](const Accessed* each) { return std::find(members.begin(), members.end(), each->member); };
-    std::stable_sort(own.begin(), own.end(),
-                     [&](const Accessed* a, const Accessed* b) { return rank(a) < rank(b); });
+    std::stable_sort(own.begin(), own.end(), [&](const Accessed* a, const Accessed* b) { return rank(a) < rank(b); });
     for (Accessed* each : own) {
         std::stable_sort(each->methods.begin(), each->methods.end(),
                          [](const AccessMethod& a, const AccessMethod& b) { return a.op < b.op; });

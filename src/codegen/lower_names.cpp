@@ -98,7 +98,7 @@ Tree* Lowering::translateSelect(Select* tree, Place* place, int op, Type* operan
     Symbol* sym = tree->sym;
     if (tree->name == names().class_ || !(isMember(sym) || sym == context().lengthVar)) return tree;
     if (tree->selected->tag != treetag::SUPER) tree->selected = translateExpr(tree->selected, place);
-    if (!isMember(sym) || sym->type->isConstant()) return tree;
+    if (!isMember(sym) || tree->type->isConstant()) return tree;
     make_.setPos(tree->pos);
     Type* type = tree->selected->type;
     ClassSymbol* site = type->tag == typetag::CLASS ? type->tsym : nullptr;

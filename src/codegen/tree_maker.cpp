@@ -159,7 +159,8 @@ Trees TreeMaker::concat(std::span<Tree* const> front, std::span<Tree* const> bac
 Type* declarableType(Type* type) {
     if (type->tag == typetag::NULLTYPE) return context().objectType;
     if (!type->isConstant()) return type;
-    return type->tag == typetag::CLASS ? context().stringType : context().typeOfTag[static_cast<std::size_t>(type->tag)];
+    return type->tag == typetag::CLASS ? context().stringType
+                                       : context().typeOfTag[static_cast<std::size_t>(type->tag)];
 }
 
 } // namespace tarn

@@ -19,7 +19,6 @@ struct Options {
     bool optimize = false;   ///< accepted; nothing reads it
     bool unsafe = false;     ///< accepted; changes nothing in class files
     Name* exclude = nullptr; ///< dotted class name: calls of void methods selected from it are dropped; null for none
-    bool firstPass = true;   ///< trees are as parsed; false once lowered trees are in work
     bool nocompile = false;  ///< name the first source that needs compiling, and stop there
     bool nocheckstable = false; ///< take stable packages as they are
     bool nomakestable = false;  ///< do not make imported packages as a whole

@@ -1,6 +1,7 @@
 #include "make/compiler.h"
 
 #include "classfile/class_file.h"
+#include "codegen/lowering.h"
 #include "driver/reporter.h"
 #include "runtime/failure.h"
 #include "semantic/context.h"
@@ -77,7 +78,6 @@ void Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirecto
     outputDirectory_ = std::move(outputDirectory);
     setReporter(reporter);
     context().options.deprecationSeen = false;
-    context().options.firstPass = true;
     context().sourceClasses.clear();
     try {
         for (const StoreRef& source : sources) {
@@ -142,17 +142,21 @@ void Compiler::attributeAndGenerate(Task task) {
     CompilationUnit* unit = task->unit;
     if (unit == nullptr) return;
     unit->attribute();
-    bool cloned = !task->onDemand && context().options.firstPass;
-    if (!task->ok || errorCount() != 0) {
-        if (cloned) cloneForMake(*unit);
-        return;
-    }
-    ScopedSource here(unit->source);
-    if (!unit->hasInnerClasses)
+    if (task->ok && errorCount() == 0 && unit->hasInnerClasses)
+        lowerQueue_.push_back(std::move(task));
+    else
+        generate(*task);
+}
+
+/// Generates the classes of the unit, unless there were errors.
+void Compiler::generate(const CompileTask& task) {
+    CompilationUnit* unit = task.unit;
+    if (task.ok && errorCount() == 0) {
+        ScopedSource here(unit->source);
         for (Tree* def : unit->defs)
             if (def->tag == treetag::CLASSDEF) static_cast<ClassDef*>(def)->genClass(outputDirectory_);
-    if (cloned) cloneForMake(*unit);
-    if (unit->hasInnerClasses) lowerQueue_.push_back(std::move(task));
+    }
+    if (!task.onDemand) cloneForMake(*unit);
 }
 
 /// The make engine keeps a lean copy of each class, so that the trees can go.
@@ -164,12 +168,15 @@ void Compiler::cloneForMake(CompilationUnit& unit) {
     }
 }
 
+/// Lowers and generates the units that have waited for it.
 void Compiler::lowerAll() {
-    for (const Task& task : lowerQueue_) {
+    std::deque<Task> tasks = std::exchange(lowerQueue_, {});
+    Lowering lowering;
+    for (const Task& task : tasks) {
         ScopedSource here(task->unit->source);
-        reportError(0, messages::innerClassesNotLowered, task->unit->source->toString());
+        lowering.lower(task->unit);
     }
-    lowerQueue_.clear();
+    for (const Task& task : tasks) generate(*task);
 }
 
 // ---- on demand

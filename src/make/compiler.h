@@ -25,8 +25,8 @@ struct CompileTask {
 /// Takes a batch of sources through parsing, entry, attribution, generation and lowering, by way of three work queues.
 ///
 /// A source is parsed and entered on arrival; the queues then complete its classes, attribute and generate it. A unit
-/// with inner classes is attributed, lowered to plain classes, and goes through the queues a second time. Any error
-/// stops generation from then on, while attribution goes on. One compile runs at a time, in the current context.
+/// with inner classes waits until all others are generated; it is lowered to plain classes then. Any error stops
+/// generation from then on, while attribution goes on. One compile runs at a time, in the current context.
 class Compiler {
 public:
     /// Compiles a batch. A null output directory puts each class file beside its source. Makes `reporter` current; what
@@ -46,6 +46,7 @@ private:
     void runMemberQueue();
     void memberEnter(Task task);
     void attributeAndGenerate(Task task);
+    void generate(const CompileTask& task);
     void cloneForMake(CompilationUnit& unit);
     void lowerAll();
 

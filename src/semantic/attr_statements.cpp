@@ -61,8 +61,13 @@ Env* initializerEnv(Env* env, Tree* tree, bool isStatic) {
     Env* initEnv = env->dup(tree, env->enclClass->localScope->dup());
     initEnv->enclMethod = nullptr; // the class may be local, and the method around it is not meant
     initEnv->isStatic = isStatic;
-    // Once lowered, an anonymous class is created elsewhere; what it may throw was checked before.
-    initEnv->handled = context().options.firstPass ? handledByConstructors(env) : context().throwableList;
+    initEnv->handled = handledByConstructors(env);
+    // A method as owner makes local classes of those that are declared here.
+    auto* initializer = context().arena.make<MethodSymbol>();
+    Symbol* c = env->enclClass->sym;
+    std::uint32_t flags = isStatic ? flag::PUBLIC | flag::FINAL | flag::STATIC : flag::PUBLIC | flag::FINAL;
+    initializer->init(flags, MTH, c->name, nullptr, c);
+    initEnv->scope->owner = initializer;
     return initEnv;
 }
 
@@ -74,11 +79,6 @@ Type* Block::attr(Env* outer, int pkind, Type* pt) {
     if (outer->scope->owner->kind == TYP) {
         bool isStatic = (flags & flag::STATIC) != 0;
         env = attribution::initializerEnv(outer, this, isStatic);
-        // A method as owner makes local classes of those that are declared here.
-        auto* initializer = context().arena.make<MethodSymbol>();
-        Symbol* c = outer->enclClass->sym;
-        initializer->init(flags | flag::PUBLIC | flag::FINAL, MTH, c->name, nullptr, c);
-        env->scope->owner = initializer;
     } else {
         env = outer->dup(this, outer->scope->dup());
     }

@@ -101,29 +101,20 @@ void enterMemberClass(ClassDef* tree, ClassSymbol* c, Env* env) {
     if (checkUnique(tree->pos, entry, env->scope)) env->scope->enter(entry);
 }
 
-/// A lowered inner class is a class of its package, and still a member of its outer class.
-void reenterLowered(ClassSymbol* c) {
-    const InnerClassRecord* record = context().innerClass(c->flatName);
-    if (record == nullptr || record->outer == nullptr || record->outer->members == nullptr) return;
-    record->outer->members->enterIfAbsent(c->alias(record->name));
-}
-
 void enterTopClass(ClassDef* tree, ClassSymbol* c, Env* env) {
-    bool firstPass = context().options.firstPass;
     if (env->scope->lookup(tree->name)->scope == env->scope) {
         reportError(tree->pos, messages::duplicateClass, tree->name);
-    } else if (firstPass && context().sourceClasses.contains(c->flatName)) {
+    } else if (context().sourceClasses.contains(c->flatName)) {
         reportError(tree->pos, messages::duplicateClass, c->flatName);
     } else {
         context().sourceClasses[c->flatName] = c;
         env->scope->enter(c);
     }
-    if (!firstPass) reenterLowered(c);
 }
 
 void warnOfFileName(ClassDef* tree, ClassSymbol* c, const CompilationUnit* unit) {
     if (c->owner->kind != PCK || (c->flags & (flag::PUBLIC | flag::PROTECTED)) == 0) return;
-    if (!context().options.firstPass || tree->name->matchesFile(unit->source->path())) return;
+    if (tree->name->matchesFile(unit->source->path())) return;
     reportWarning(tree->pos, messages::publicClassInWrongFile, tree->name, tree->name->toString() + ".java");
 }
 

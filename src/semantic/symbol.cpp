@@ -152,7 +152,7 @@ ClassSymbol* ClassSymbol::clone() {
 }
 
 bool ClassSymbol::hasOuterInstance() const {
-    if (!context().options.firstPass || owner->kind == PCK || isStatic() || isInterface()) return false;
+    if (owner->kind == PCK || isStatic() || isInterface()) return false;
     const InnerClassRecord* record = context().innerClass(flatName);
     return record != nullptr && (record->flags & flag::STATIC) == 0;
 }
