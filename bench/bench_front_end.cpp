@@ -24,7 +24,7 @@ struct Program {
         std::vector<GeneratedSource> sources = generateProgram(100'000);
         lines = countLines(sources);
         for (const GeneratedSource& source : sources) {
-            auto store = std::make_shared<ByteArrayStore>(nullptr, source.path);
+            auto store = ByteArrayStore::root(source.path);
             store->write({reinterpret_cast<const std::uint8_t*>(source.text.data()), source.text.size()});
             stores.push_back(std::move(store));
         }
@@ -49,7 +49,7 @@ void scanning(benchmark::State& state) {
     for (auto _ : state)
         for (const StoreRef& store : program().stores) {
             Scanner scanner(*store, std::nullopt);
-            while (scanner.token != Token::endOfInput) scanner.nextToken();
+            while (scanner.token != Token::END_OF_INPUT) scanner.nextToken();
             benchmark::DoNotOptimize(scanner.pos);
         }
     countRate(state);

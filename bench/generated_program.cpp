@@ -142,9 +142,9 @@ public class # {
     int steps;
     private int[] table = new int[16];
     protected String name = "#";
-    $ next;
+    # next;
 
-    public #(int weight, $ next) {
+    public #(int weight, # next) {
         this.weight = weight;
         this.next = next;
     }
