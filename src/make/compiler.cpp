@@ -11,6 +11,7 @@
 #include "syntax/tree_builder.h"
 
 #include <chrono>
+#include <memory>
 #include <ranges>
 #include <string>
 #include <utility>
@@ -47,6 +48,10 @@ TreeBuffer* parse(const StoreRef& source, TreeFactory& factory) {
 }
 
 } // namespace
+
+CompileTask::~CompileTask() {
+    if (unit != nullptr) std::destroy_at(unit); // it holds its source; all else goes with the arena
+}
 
 void Compiler::parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter) {
     setReporter(reporter);

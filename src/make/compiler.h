@@ -16,6 +16,11 @@ class TreeFactory;
 
 /// One unit on its way through the compiler.
 struct CompileTask {
+    CompileTask() = default;
+    CompileTask(const CompileTask&) = delete;
+    CompileTask& operator=(const CompileTask&) = delete;
+    ~CompileTask();
+
     std::unique_ptr<Arena> arena = std::make_unique<Arena>(); ///< owns the unit and its trees
     CompilationUnit* unit = nullptr;                          ///< null if parsing gave no tree
     bool onDemand = false;                                    ///< added while a compile was running

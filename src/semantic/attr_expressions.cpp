@@ -206,12 +206,27 @@ Type* Conditional::attr(Env* env, int pkind, Type* pt) {
 
 // ---- arrays
 
+namespace {
+
+constexpr int MAX_DIMENSIONS = 255; // JVM specification, "limitations"
+
+Type* makeArrayType(int pos, Type* element) {
+    if (element->tag == ERROR) return errType;
+    int dimensions = 1;
+    for (const Type* type = element; type->tag == ARRAY; type = type->elemType()) ++dimensions;
+    if (dimensions <= MAX_DIMENSIONS) return context().arrayType(element);
+    reportError(pos, messages::tooLarge, "array type", "255 dimensions");
+    return errType;
+}
+
+} // namespace
+
 Type* NewArray::attr(Env* env, int pkind, Type* pt) {
     if (!checkKind(pos, VAL, pkind)) return type = errType;
     Type* made = attrTypeTree(elemtype, env);
     for (Tree* dim : dims) {
         dim->attr(env, VAL, context().intType);
-        if (made->tag != ERROR) made = context().arrayType(made);
+        made = makeArrayType(pos, made);
     }
     return type = checkAssignable(pos, made, pt);
 }
@@ -233,7 +248,13 @@ Type* ArrayInit::attr(Env* env, int pkind, Type* pt) {
         if (element == anythingType) merged = conditionalType(elem->pos, merged, found);
     }
     if (merged->tag == ERROR) return type = errType;
-    return type = checkAssignable(pos, context().arrayType(withoutValue(merged)), pt);
+    Type* made = context().arrayType(withoutValue(merged));
+    // Without a type of its own it can only stand for an array, not for an object that an array is.
+    if (elemtype == nullptr && pt->tag != ARRAY) {
+        reportError(pos, messages::incompatibleTypes, made, pt);
+        return type = errType;
+    }
+    return type = checkAssignable(pos, made, pt);
 }
 
 Type* Indexed::attr(Env* env, int pkind, Type* pt) {
@@ -250,7 +271,7 @@ Type* Indexed::attr(Env* env, int pkind, Type* pt) {
 
 Type* TypeArray::attr(Env* env, int, Type*) {
     Type* element = attrTypeTree(elemtype, env);
-    return type = element->tag == ERROR ? errType : context().arrayType(element);
+    return type = makeArrayType(pos, element);
 }
 
 } // namespace tarn

@@ -58,7 +58,7 @@ TypeList* handledByConstructors(const Env* env) {
 namespace attribution {
 
 Env* initializerEnv(Env* env, Tree* tree, bool isStatic) {
-    Env* initEnv = env->dup(tree, env->enclClass->localScope->dup());
+    Env* initEnv = env->dup(tree, env->enclClass->localScope->dup(env->toplevel->arena));
     initEnv->enclMethod = nullptr; // the class may be local, and the method around it is not meant
     initEnv->isStatic = isStatic;
     initEnv->handled = handledByConstructors(env);
@@ -80,7 +80,7 @@ Type* Block::attr(Env* outer, int pkind, Type* pt) {
         bool isStatic = (flags & flag::STATIC) != 0;
         env = attribution::initializerEnv(outer, this, isStatic);
     } else {
-        env = outer->dup(this, outer->scope->dup());
+        env = outer->dup(this, outer->scope->dup(outer->toplevel->arena));
     }
     type = attrStatements(stats, env, pt);
     env->scope->leave();
@@ -133,7 +133,7 @@ Type* DoLoop::attr(Env* env, int pkind, Type* pt) {
 
 Type* ForLoop::attr(Env* outer, int pkind, Type* pt) {
     if (!checkKind(pos, VAL, pkind)) return type = errType;
-    env = outer->dup(outer->tree, outer->scope->dup());
+    env = outer->dup(outer->tree, outer->scope->dup(outer->toplevel->arena));
     for (Tree* statement : init) statement->attr(env, VAL, anythingType);
     if (cond != nullptr) cond->attr(env, VAL, context().booleanType);
     env->tree = this;
@@ -167,7 +167,7 @@ void checkCaseLabel(Case* tree, std::unordered_set<int>& seen) {
 Type* Switch::attr(Env* env, int pkind, Type* pt) {
     if (!checkKind(pos, VAL, pkind)) return type = errType;
     selector->attr(env, VAL, context().intType);
-    Env* caseEnv = env->dup(this, env->scope->dup());
+    Env* caseEnv = env->dup(this, env->scope->dup(env->toplevel->arena));
     std::unordered_set<int> seen;
     bool hasDefault = false;
     type = pt;

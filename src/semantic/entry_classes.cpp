@@ -191,7 +191,7 @@ void importAllMembers(Scope* scope, ClassSymbol* c) {
         if (entry->sym->kind == TYP) importSym(scope, memberAlias(entry->sym));
 }
 
-void importAllPackage(int pos, Scope* scope, ClassSymbol* package) {
+void importAllPackage(int pos, CompilationUnit* unit, ClassSymbol* package) {
     try {
         if (!context().classReader->fillPackage(package)) {
             std::string path = package->flatName == nullptr ? "." : package->flatName->toString();
@@ -201,9 +201,9 @@ void importAllPackage(int pos, Scope* scope, ClassSymbol* package) {
     } catch (const IoFailure& failure) {
         reportError(pos, messages::errorImporting, package, failure.what());
     }
-    if (package->members == nullptr) return;
-    for (Symbol* entry = package->members->elems; entry != nullptr; entry = entry->sibling)
-        importSym(scope, entry->sym);
+    for (const PackageList* known = unit->starPackages; known != nullptr; known = known->tail)
+        if (known->head == package) return;
+    unit->starPackages = unit->arena.make<PackageList>(package, unit->starPackages);
 }
 
 } // namespace
@@ -212,7 +212,7 @@ void CompilationUnit::memberEnter(Env*) {
     if (pendingUnits().erase(sourcePath()) == 0) return;
     ScopedSource here(source);
     Symbol* javaLang = resolve::resolvePackage(pos, names().javaLang, nullptr);
-    if (javaLang->kind == PCK) importAllPackage(pos, starImports, static_cast<ClassSymbol*>(javaLang));
+    if (javaLang->kind == PCK) importAllPackage(pos, this, static_cast<ClassSymbol*>(javaLang));
     for (Tree* def : defs) def->memberEnter(env);
 }
 
@@ -223,7 +223,7 @@ void Import::memberEnter(Env* env) {
     if (tree->tag == treetag::SELECT && named->name == names().star) {
         Type* qualifier = static_cast<Select*>(tree)->selected->attr(env, TYP | PCK, anythingType);
         if (qualifier->tag == typetag::PACKAGE)
-            importAllPackage(pos, unit->starImports, qualifier->tsym);
+            importAllPackage(pos, unit, qualifier->tsym);
         else if (qualifier->tag == typetag::CLASS)
             importAllMembers(unit->starImports, qualifier->tsym);
         return;

@@ -64,7 +64,7 @@ void MethodDef::memberEnter(Env* outer) {
 void MethodDef::enterSignature(Env* outer, MethodSymbol* m) {
     Scope* local = outer->enclClass->localScope;
     local->owner = m;
-    env->scope = local->dup();
+    env->scope = local->dup(outer->toplevel->arena);
     env->enclMethod = this;
     std::vector<Type*> types;
     auto* c = static_cast<ClassSymbol*>(m->owner);
@@ -80,7 +80,7 @@ void MethodDef::enterSignature(Env* outer, MethodSymbol* m) {
 
 /// A catch clause is shaped like a method with one parameter; its scope is nested in that of the `try`.
 void MethodDef::enterCatchClause(Env* outer) {
-    env->scope = outer->scope->dup();
+    env->scope = outer->scope->dup(outer->toplevel->arena);
     Type* type = errType;
     if (!params.empty()) {
         type = attrParameter(params.front(), env, context().throwableType);

@@ -315,6 +315,26 @@ Symbol* inScope(Env* env, Scope* scope, Name* name) {
     return loadClass(env, entry->sym->fullName());
 }
 
+/// A class that on-demand imports bring, the last import first.
+Symbol* findStarImported(Env* env, Name* name) {
+    const CompilationUnit* unit = env->toplevel;
+    const Symbol* first = nullptr;
+    auto meet = [&](Symbol* entry) -> Symbol* {
+        if (entry->scope == nullptr) return nullptr;
+        if (first == nullptr)
+            first = entry->sym;
+        else if (entry->sym->fullName() != first->fullName())
+            return ambiguityError(const_cast<Symbol*>(first), entry->sym);
+        return nullptr;
+    };
+    for (Symbol* entry = unit->starImports->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
+        if (Symbol* failure = meet(entry)) return failure;
+    for (const PackageList* list = unit->starPackages; list != nullptr; list = list->tail)
+        if (list->head->members != nullptr)
+            if (Symbol* failure = meet(list->head->members->lookup(name))) return failure;
+    return first == nullptr ? typeNotFound() : loadClass(env, first->fullName());
+}
+
 /// A class that is visible from the classes around the place.
 Symbol* findEnclosedType(Env* env, Name* name, Symbol* best) {
     for (Env* e = env; e != nullptr && e->outer != nullptr; e = e->outer) {
@@ -332,10 +352,11 @@ Symbol* findType(Env* env, Name* name) {
     Symbol* best = findMemberType(env, context().predefClass, name);
     if (best->exists()) return best;
     if (env->enclClass != nullptr) best = findEnclosedType(env, name, best);
-    for (Scope* scope : {env->toplevel->namedImports, env->toplevel->package->members, env->toplevel->starImports}) {
+    for (Scope* scope : {env->toplevel->namedImports, env->toplevel->package->members}) {
         if (best->exists()) return best;
         if (scope != nullptr) keepBetter(best, inScope(env, scope, name));
     }
+    if (!best->exists()) keepBetter(best, findStarImported(env, name));
     return best;
 }
 

@@ -36,10 +36,10 @@ Scope* Scope::make(Scope* next, Symbol* owner) {
     return scope;
 }
 
-Scope* Scope::dup() {
+Scope* Scope::dup(Arena& arena) {
     require(active && !shared, "dup of a scope that is not the innermost");
     shared = true;
-    auto* nested = universe().arena.make<Scope>();
+    auto* nested = arena.make<Scope>();
     nested->next = this;
     nested->owner = owner;
     nested->table = table;

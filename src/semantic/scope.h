@@ -8,6 +8,8 @@
 
 namespace tarn {
 
+class Arena;
+
 /// A table from names to symbols. Nested scopes of a method share one table, and leaving one unwinds its entries; the
 /// table of a class is linked to that of its superclass, so that one lookup sees inherited members.
 ///
@@ -22,8 +24,8 @@ public:
     /// The one entry that ends every bucket: no scope, kind NONE.
     static Symbol* endMark();
 
-    /// A nested scope on the same table; this one stays closed until the nested one is left.
-    Scope* dup();
+    /// A nested scope on the same table, made in `arena`; this one stays closed until the nested one is left.
+    Scope* dup(Arena& arena);
     /// Removes the own entries from the table; they keep their order for `reenter`.
     void leave();
     /// Puts the entries back, oldest first.

@@ -289,6 +289,13 @@ public:
     bool brokenCycle = false; ///< a cycle through its own clauses was found, and its supertypes replaced
 };
 
+/// Packages whose classes are imported on demand. Their members are searched where they stand: most units import whole
+/// packages and use a few classes of them.
+struct PackageList {
+    ClassSymbol* head;
+    PackageList* tail;
+};
+
 class CompilationUnit final : public Tree {
 public:
     /// `arena` owns all trees of the unit, this node included.
@@ -314,8 +321,9 @@ public:
     Trees defs;
     StoreRef source;
     ClassSymbol* package = nullptr;
-    Scope* starImports = nullptr;  ///< what on-demand imports and java.lang bring
-    Scope* namedImports = nullptr; ///< what single-type imports bring
+    Scope* starImports = nullptr;        ///< the member classes that on-demand imports bring
+    PackageList* starPackages = nullptr; ///< the packages that on-demand imports name, last first, and java.lang
+    Scope* namedImports = nullptr;       ///< what single-type imports bring
     Env* env = nullptr;
     int localClassCount = 1;      ///< the number for the next local class that was not parsed
     int anonymousClassCount = 1;  ///< the same for anonymous classes
