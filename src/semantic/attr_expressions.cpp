@@ -269,7 +269,8 @@ Type* Indexed::attr(Env* env, int pkind, Type* pt) {
     return type = errType;
 }
 
-Type* TypeArray::attr(Env* env, int, Type*) {
+Type* TypeArray::attr(Env* env, int pkind, Type*) {
+    if (!checkKind(pos, TYP, pkind)) return type = errType;
     Type* element = attrTypeTree(elemtype, env);
     return type = makeArrayType(pos, element);
 }

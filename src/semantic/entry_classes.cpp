@@ -101,15 +101,26 @@ void enterMemberClass(ClassDef* tree, ClassSymbol* c, Env* env) {
     if (checkUnique(tree->pos, entry, env->scope)) env->scope->enter(entry);
 }
 
-void enterTopClass(ClassDef* tree, ClassSymbol* c, Env* env) {
-    if (env->scope->lookup(tree->name)->scope == env->scope) {
-        reportError(tree->pos, messages::duplicateClass, tree->name);
-    } else if (context().sourceClasses.contains(c->flatName)) {
-        reportError(tree->pos, messages::duplicateClass, c->flatName);
-    } else {
-        context().sourceClasses[c->flatName] = c;
-        env->scope->enter(c);
+/// Reports a second class of the name in the package or the enclosing class.
+bool isDuplicate(const ClassDef* tree, Name* flatName, const Env* env) {
+    const Symbol* known = env->scope->lookup(tree->name);
+    bool isLocal = env->scope->owner->kind == MTH;
+    while (known->scope == env->scope && known->sym->kind != TYP) known = known->nextEntry();
+    if (known->scope == env->scope && !isLocal) {
+        if (env->scope->owner->kind == PCK)
+            reportError(tree->pos, messages::duplicateClass, tree->name);
+        else
+            reportError(tree->pos, messages::duplicateDefinition, known->sym, known->sym->location());
+        return true;
     }
+    if (!context().sourceClasses.contains(flatName)) return false;
+    reportError(tree->pos, messages::duplicateClass, flatName);
+    return true;
+}
+
+void enterTopClass(ClassSymbol* c, Env* env) {
+    context().sourceClasses[c->flatName] = c;
+    env->scope->enter(c);
 }
 
 void warnOfFileName(ClassDef* tree, ClassSymbol* c, const CompilationUnit* unit) {
@@ -130,6 +141,11 @@ void ClassDef::enter(Env* outer) {
     ClassSymbol* encl = owner->enclClass();
     Name* flatName = owner->kind == MTH ? unit->localClassName(*this, encl) : formFlatName(name, encl);
 
+    if (isDuplicate(this, flatName, outer)) { // the first one stays what it is
+        tag = treetag::ERRONEOUS;
+        sym = errSymbol;
+        return;
+    }
     ClassSymbol* c = context().newClass(0, flatName, unit->package);
     c->owner = owner;
     c->flags = checkFlags(pos, flags, allowedClassFlags(c), true);
@@ -144,7 +160,7 @@ void ClassDef::enter(Env* outer) {
     c->sourcePath = unit->sourcePath();
     warnOfFileName(this, c, unit);
     if (owner->kind == PCK)
-        enterTopClass(this, c, outer);
+        enterTopClass(c, outer);
     else
         enterMemberClass(this, c, outer);
     if (isNew) context().classes[c->flatName] = c;

@@ -415,7 +415,11 @@ Tree* Parser::indexSuffix(Tree* t, Position start, int mode) {
             step();
             return classLiteral(t);
         }
-        if (!(mode & TYPE)) report(start, messages::illegalStartOfExpression);
+        if (!(mode & TYPE)) {
+            report(start, messages::illegalStartOfExpression);
+            t = factory_.ident(start, names().error); // so that no more is said about it
+            factory_.isExpr = false;
+        }
         return t;
     }
     bool isMisplacedType = factory_.isType && !factory_.isExpr && !(mode & TYPE);
