@@ -1,0 +1,3 @@
+class Converted {
+    int größe = "€" + missing;
+}

@@ -1,0 +1,6 @@
+class Form {
+	int tab = "s";
+		int two	= 	true;
+    int x = y;
+    int first = 1 +
+}

@@ -1,0 +1,4 @@
+class LineEnds {
+    int a = b;    int c = d;
+    int e = f;
+}

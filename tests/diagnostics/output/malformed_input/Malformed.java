@@ -1,0 +1,3 @@
+class Malformed {
+    String s = "ÿ";
+}

@@ -1,0 +1,7 @@
+public class OtherName {
+    void f() {
+        return;
+        f();
+    }
+    boolean space = Character.isSpace(' ');
+}

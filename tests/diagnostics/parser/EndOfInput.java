@@ -1,0 +1,4 @@
+class EndOfInput {
+    void f() {
+    }
+   //^ error 200: '}' expected

@@ -1,0 +1,4 @@
+class UnclosedComment {
+    /* never ends
+    // error 105 (2:5): unclosed comment
+}
