@@ -361,13 +361,14 @@ void Emitter::cutLeavingJumps(const Try* statement) {
 }
 
 void Emitter::closeGaps() {
+    if (gaps_.empty() || gaps_.back().end >= 0) return;
     int end = curPc();
     for (auto gap = gaps_.rbegin(); gap != gaps_.rend() && gap->end < 0; ++gap) gap->end = end;
 }
 
 void Emitter::addCatch(const Try* statement, int start, int end, int handler, int type) {
     for (const Gap& gap : gaps_) {
-        if (gap.statement != statement || gap.start < start || gap.end > end) continue;
+        if (gap.statement != statement || gap.start < start || gap.end > end || gap.start == gap.end) continue;
         addCatch(start, gap.start, handler, type);
         start = gap.end;
     }

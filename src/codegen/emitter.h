@@ -219,7 +219,6 @@ public:
     void closeGaps();
     /// Enters the protected range of the statement into the exception table, less its gaps.
     void addCatch(const Try* statement, int start, int end, int handler, int type);
-    int subroutineDepth = 0; ///< finally parts around the current point
 
     // Constant pool.
     int poolPut(PoolEntry* entry) { return pool->put(entry); }
@@ -251,6 +250,7 @@ public:
     int statementPos = 0;                ///< position of the current statement
     Bits maybeUnset;                     ///< variables that may have no value here
     Bits maybeSet;                       ///< variables that may already have a value here
+    int subroutineDepth = 0;             ///< finally parts around the current place
     Bits* loopFinals = nullptr;          ///< the final variables declared in the innermost loop; null outside of loops
 
 private:
