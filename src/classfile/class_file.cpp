@@ -95,6 +95,15 @@ void ClassFile::renew(ClassSymbol* c) {
     todo.push_back(c);
 }
 
+void ClassFile::forget(ClassSymbol* c) {
+    c->flags = 0;
+    c->superclass = nullptr;
+    c->interfaces = {};
+    c->members = context().emptyScope;
+    c->pool = nullptr;
+    c->reading = Reading::NAMED;
+}
+
 ClassSymbol* ClassFile::enterPackage(Name* name) {
     if (name == nullptr) return context().rootPackage;
     ClassSymbol* known = context().findClass(name);

@@ -106,6 +106,8 @@ protected:
     /// Gives the symbol back the state of a class that was named and not read, on `todo`; nothing if it is there
     /// already.
     void renew(ClassSymbol* c);
+    /// Gives the symbol back the state of a class that was only mentioned; it is read again before it is used.
+    void forget(ClassSymbol* c);
     /// Puts a placeholder for the class of that simple name into the package's members, unless it has an entry already.
     void enterPlaceholder(ClassSymbol* package, Name* simpleName);
     /// Puts placeholders for all classes known so far that belong to the package.

@@ -68,15 +68,35 @@ void printTotal(int count, std::string_view what) {
     consolePrintln(std::to_string(count) + " " + std::string(what) + (count == 1 ? "" : "s"));
 }
 
-void make(const CommandLine& line, Reporter& reporter) {
-    Maker maker;
+/// Tells on the console what the make engine is about to do.
+class ConsoleListener final : public MakeListener {
+public:
+    bool parsing(Maker& maker, const Store& source) override {
+        if (maker.options().verbose) printlnProgress("  parsing " + source.toString());
+        return true;
+    }
+    bool needsCompile(Maker& maker, const Store& source, const std::string& reason) override {
+        const Options& options = maker.options();
+        if (options.verbose || options.nocompile)
+            printlnProgress("  " + source.toString() + " needs to be compiled, reason: " + reason);
+        return !options.nocompile;
+    }
+    void classUpdated(Maker&, Name*) override {}
+};
+
+void make(CommandLine& line, Reporter& reporter) {
+    ConsoleListener listener;
+    Maker maker(listener);
     maker.options() = line.options;
     maker.setEncoding(line.encoding);
     maker.setClassPath(line.classPath);
     maker.setSourcePath(line.sourcePath);
     maker.setOutputDirectory(line.outputDirectory);
     maker.setReporter(&reporter);
-    maker.makeThem(line.sources, line.classes, line.packages, line.rebuild);
+    maker.makeThem({.sources = std::move(line.sources),
+                    .classes = std::move(line.classes),
+                    .packages = std::move(line.packages),
+                    .rebuild = line.rebuild});
     maker.close();
 }
 
@@ -88,11 +108,6 @@ int runTool(std::span<const char* const> arguments) {
     if (line.usageRequested || !line.hasRoots()) {
         printUsage();
         return 0;
-    }
-    if (!line.classes.empty() || !line.packages.empty()) {
-        consolePrintln(
-            "Making classes and packages by name (-c, -p) is not available in this version; name source files.");
-        return failure;
     }
     setDefaultPaths(line);
     if (line.options.verbose) printPaths(line);

@@ -3,7 +3,6 @@
 #include "driver/options.h"
 #include "driver/reporter.h"
 #include "runtime/failure.h"
-#include "store/archive_store.h"
 #include "store/directory_store.h"
 #include "store/file_date.h"
 #include "store/path_list.h"
@@ -86,7 +85,7 @@ void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMa
         printlnProgress("  reading " + store.toString() + " (" + std::string(word) + "stable)");
     }
     bool stable = header.stable && !forMaking;
-    bool library = decoder.sourceCount() == 0 && stable && dynamic_cast<ZipStore*>(&store) != nullptr;
+    bool library = decoder.sourceCount() == 0 && stable && isInArchive(&store);
     bool withImports = !library && !(stable && options.nocheckstable);
     DependencyRecords records = decoder.records(withImports);
 
@@ -146,8 +145,7 @@ void DependencyFiles::write(const PackageNode& package, StoreRef outputDirectory
                             (package.stable ? " (stable)" : " (not stable)"));
         }
         if (!store) throw IoFailure("cannot create");
-        encode(package);
-        store->write(std::span(buffer_).first(position_));
+        store->write(encode(package, dateOfUnixTime(std::time(nullptr))));
         return;
     } catch (const IoFailure& failure) {
         cause = failure.what();
@@ -157,17 +155,18 @@ void DependencyFiles::write(const PackageNode& package, StoreRef outputDirectory
     throw MakeAbort{};
 }
 
-void DependencyFiles::encode(const PackageNode& package) {
+std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package, Date writeDate) {
     if (package.sources.size() > MOST || package.classes.size() > MOST) throw IoFailure("too many classes");
     position_ = 0;
     byte(VERSION);
     name(package.name);
     byte(package.stable ? 1 : 0);
-    date(dateOfUnixTime(std::time(nullptr)));
+    date(writeDate);
     u16(package.sources.size());
     for (const SourceNode* source : package.sources.nodes()) putSource(*source);
     u16(package.classes.size());
     for (const ClassNode* c : package.classes.nodes()) putClass(*c);
+    return std::span(buffer_).first(position_);
 }
 
 namespace {

@@ -99,6 +99,9 @@ public:
     /// failure and throws MakeAbort. The package has its imports and references.
     void write(const PackageNode& package, StoreRef outputDirectory);
 
+    /// The contents of the package's file, in the buffer. Throws IoFailure if the format has no room for them.
+    std::span<const std::uint8_t> encode(const PackageNode& package, Date writeDate);
+
 private:
     static constexpr std::size_t FIRST_BUFFER = 65536;
     static constexpr std::size_t LARGEST_FILE = std::size_t{1} << 28; ///< far above what records of 16-bit counts fill
@@ -108,7 +111,6 @@ private:
     void enter(PackageNode& package, const DependencyRecords& records);
     void enterClass(PackageNode& package, const ClassRecord& record);
 
-    void encode(const PackageNode& package);
     void byte(int value);
     void u16(std::size_t value);
     void u32(std::uint32_t value);

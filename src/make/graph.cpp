@@ -2,6 +2,7 @@
 
 #include "semantic/symbol.h"
 #include "semantic/universe.h"
+#include "store/archive_store.h"
 #include "store/file_path.h"
 
 #include <algorithm>
@@ -47,6 +48,15 @@ PackageNode& Graph::newPackage(Name* packageName) {
     node.name = packageName;
     packages.put(arena, &node);
     return node;
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+    auto folded = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return folded(x) == folded(y); });
+}
+
+bool isInArchive(const Store* store) {
+    return dynamic_cast<const ZipStore*>(store) != nullptr;
 }
 
 std::string directoryOfPackage(const Name* packageName) {

@@ -156,6 +156,11 @@ private:
 /// The package of a class of that flat name; the unnamed one is ".".
 Name* packageOfClass(Name* flatName);
 
+/// Whether the texts are the same but for the case of their letters from A to Z.
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+/// Whether the store is a member of an archive; false for null.
+bool isInArchive(const Store* store);
+
 /// Where a package lies below an entry of a path: "a/b" for a.b, "." for the unnamed package.
 std::string directoryOfPackage(const Name* packageName);
 /// The package's dependency file below an entry of a path, without its extension: "a/b/a.b", "UnnamedPackage".

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <set>
 #include <sys/wait.h>
 #include <zip.h>
 
@@ -49,6 +50,27 @@ Archive readZip(const std::string& path) {
     }
     if (archive != nullptr) zip_discard(archive);
     return files;
+}
+
+/// Takes the dependency files out of the archive and gives their names.
+std::set<std::string> takeDependencyFiles(Archive& archive) {
+    std::set<std::string> names;
+    for (const auto& [name, data] : archive)
+        if (name.ends_with(".dependency")) names.insert(name);
+    for (const std::string& name : names) archive.erase(name);
+    return names;
+}
+
+/// The names of the dependency files of the packages that the classes are in.
+std::set<std::string> dependencyFilesOf(const std::map<std::string, OldClass>& library) {
+    std::set<std::string> names;
+    for (const auto& [name, read] : library) {
+        std::string folder = name.substr(0, name.rfind('/'));
+        std::string package = folder;
+        std::replace(package.begin(), package.end(), '/', '.');
+        names.insert(folder + "/" + package + ".dependency");
+    }
+    return names;
 }
 
 /// A fresh folder that each test works in.
@@ -99,7 +121,9 @@ TEST_F(InstalledRuntime, BecomesAClosedLibraryOfOldClassFiles) {
     ASSERT_EQ(outcome.status, 0) << outcome.output;
     EXPECT_TRUE(outcome.output.starts_with("read " + home + "/lib/modules: ")) << outcome.output;
     Archive archive = readZip(path("classes.zip"));
+    std::set<std::string> dependencyFiles = takeDependencyFiles(archive);
     std::map<std::string, OldClass> library = readClosedArchive(archive);
+    EXPECT_EQ(dependencyFiles, dependencyFilesOf(library));
     EXPECT_NE(outcome.output.find("; wrote classes.zip: " + std::to_string(library.size()) + " classes of "),
               std::string::npos)
         << outcome.output;

@@ -8,11 +8,6 @@ namespace tarn::classlib {
 
 namespace {
 
-/// 1997-01-01 00:00:00 as zip files have it: years since 1980, month, day; hours, minutes, two-second steps. It is
-/// older than any source, and a date that never moves gives no reason to compile anything anew.
-constexpr zip_uint16_t memberDate = (1997 - 1980) << 9 | 1 << 5 | 1;
-constexpr zip_uint16_t memberTime = 0;
-
 /// An archive in the making, thrown away unless it is finished.
 class Archive {
 public:
@@ -43,7 +38,8 @@ public:
         }
         auto index = static_cast<zip_uint64_t>(added);
         if (zip_set_file_compression(archive_, index, ZIP_CM_STORE, 0) != 0 ||
-            zip_file_set_dostime(archive_, index, memberTime, memberDate, 0) != 0)
+            zip_file_set_dostime(archive_, index, static_cast<zip_uint16_t>(member.date & 0xFFFF),
+                                 static_cast<zip_uint16_t>(member.date >> 16), 0) != 0)
             fail();
     }
 
@@ -60,6 +56,24 @@ private:
 };
 
 } // namespace
+
+std::uint32_t dateOfContents(const std::vector<std::uint8_t>& data) {
+    std::uint64_t hash = 0xCBF29CE484222325; // FNV-1a
+    for (std::uint8_t byte : data) hash = (hash ^ byte) * 0x100000001B3;
+    hash ^= hash >> 29;
+    auto take = [&hash](std::uint32_t choices) {
+        auto chosen = static_cast<std::uint32_t>(hash % choices);
+        hash /= choices;
+        return chosen;
+    };
+    std::uint32_t time = take(24) << 11;
+    time |= take(60) << 5;
+    time |= take(30);
+    std::uint32_t date = (1 + take(16)) << 9;
+    date |= (1 + take(12)) << 5;
+    date |= 1 + take(28);
+    return date << 16 | time;
+}
 
 std::uint64_t writeArchive(const std::string& path, std::vector<ArchiveMember> members) {
     struct stat status {};

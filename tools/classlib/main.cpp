@@ -1,13 +1,19 @@
 // Makes the class library that the compiler reads out of the one of an installed Java runtime.
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <iterator>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "classlib/archive_writer.h"
 #include "classlib/class_writer.h"
+#include "classlib/dependency_members.h"
 #include "classlib/legacy_library.h"
 #include "classlib/runtime_finder.h"
 #include "classlib/runtime_image.h"
@@ -27,13 +33,48 @@ constexpr const char* usage = "usage: tarn-classlib [RUNTIME OUT.zip]\n"
 constexpr int failed = 1;
 constexpr int misused = 2;
 
-/// The files that the archive gets. What else a package is to bring along belongs here, beside its classes.
-std::vector<classlib::ArchiveMember> archiveMembers(const classlib::LegacyLibrary& library) {
+std::vector<classlib::ArchiveMember> classMembers(const classlib::LegacyLibrary& library) {
     std::vector<classlib::ArchiveMember> members;
     members.reserve(library.classes().size());
-    for (const auto& [name, model] : library.classes())
-        members.push_back({std::string(name) + ".class", classlib::writeClass(model, library)});
+    for (const auto& [name, model] : library.classes()) {
+        std::vector<std::uint8_t> data = classlib::writeClass(model, library);
+        std::uint32_t date = classlib::dateOfContents(data);
+        members.push_back({std::string(name) + ".class", std::move(data), date});
+    }
     return members;
+}
+
+std::vector<std::string> packagesOf(const classlib::LegacyLibrary& library) {
+    std::set<std::string> packages;
+    for (const auto& [name, model] : library.classes()) {
+        std::string package(name.substr(0, name.rfind('/')));
+        std::replace(package.begin(), package.end(), '/', '.');
+        packages.insert(std::move(package));
+    }
+    return {packages.begin(), packages.end()};
+}
+
+/// A file beside the archive, gone when it is not needed any more.
+class ScratchFile {
+public:
+    explicit ScratchFile(std::string path) : path_(std::move(path)) {}
+    ~ScratchFile() { std::remove(path_.c_str()); }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+/// Dependency files for the packages of these classes, which the make engine wants to see as an archive.
+std::vector<classlib::ArchiveMember> dependencyMembers(const std::string& archive,
+                                                       const classlib::LegacyLibrary& library,
+                                                       const std::vector<classlib::ArchiveMember>& classes) {
+    ScratchFile scratch(archive + ".part.zip");
+    classlib::writeArchive(scratch.path(), classes);
+    return classlib::describePackages(scratch.path(), packagesOf(library));
 }
 
 void makeLibrary(const std::string& home, const std::string& archive) {
@@ -42,7 +83,10 @@ void makeLibrary(const std::string& home, const std::string& archive) {
     classlib::LegacyLibrary library(image);
     if (library.classes().empty())
         throw classlib::BadInput(path + ": there is no class of java.* in it that could be written");
-    std::uint64_t size = classlib::writeArchive(archive, archiveMembers(library));
+    std::vector<classlib::ArchiveMember> members = classMembers(library);
+    std::vector<classlib::ArchiveMember> dependencies = dependencyMembers(archive, library, members);
+    std::move(dependencies.begin(), dependencies.end(), std::back_inserter(members));
+    std::uint64_t size = classlib::writeArchive(archive, std::move(members));
     std::printf("read %s: %zu classes; wrote %s: %zu classes of %zu packages, %llu bytes\n", path.c_str(),
                 image.classCount(), archive.c_str(), library.classes().size(), library.packageCount(),
                 static_cast<unsigned long long>(size));

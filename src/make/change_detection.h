@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tarn {
+
+class ClassSymbol;
+class Name;
+class Symbol;
+
+/// The fingerprint of a field or method: of its name, type, flags, constant value and thrown classes, and not of its
+/// code. The same from its compile and from its class file, and in every run. The other members have none.
+std::int32_t memberFingerprint(const Symbol* member);
+
+/// Walks over what the constant pool of a class refers to, and over the constants of other classes that left no trace
+/// there.
+class ReferenceVisitor {
+public:
+    virtual ~ReferenceVisitor() = default;
+    /// A class that is named, if only in a descriptor; also the class itself; more than once.
+    virtual void visitClass(Name* flatName) = 0;
+    /// A field or method of the class `owner`.
+    virtual void visitMember(Name* owner, const Symbol* member) = 0;
+};
+void visitReferences(const ClassSymbol* c, ReferenceVisitor& visitor);
+
+} // namespace tarn

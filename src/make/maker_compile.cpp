@@ -1,0 +1,164 @@
+// Where the make engine and the compiler meet: what is out of date goes into a batch, or into the one that runs, and
+// each class file that comes out is recorded.
+
+#include "driver/reporter.h"
+#include "make/maker.h"
+#include "make/maker_class_file.h"
+#include "runtime/failure.h"
+#include "store/null_store.h"
+
+#include <utility>
+
+namespace tarn {
+
+std::string Maker::reasonText(const ClassNode& c, int reason, const ImportRecord* import,
+                              const DefRecord* member) const {
+    std::string name = c.name->toString();
+    std::string source = c.source == nullptr ? std::string() : c.source->store->toString();
+    switch (reason) {
+    case reason::REBUILD: return "rebuilding " + name;
+    case reason::FIRST_BUILD: return "first build of " + name;
+    case reason::NO_CLASS_FILE: return "class " + name + " not found on classpath";
+    case reason::SOURCE_NAME: return "name of source " + source + " has changed";
+    case reason::SOURCE_DATE: return "date of source " + source + " has changed";
+    case reason::CLASS_DATE: return "date of class " + name + " has changed";
+    case reason::SUPERCLASS: return "superclass " + import->name->toString() + " of class " + name + " has changed";
+    case reason::INTERFACE: return "interface " + import->name->toString() + " of class " + name + " has changed";
+    case reason::REFERENCE:
+        return import->name->toString() + "." + member->name->toString() + " referenced by class " + name +
+               " has changed";
+    case reason::NO_REFERENCES: return "previous compile of " + name + " failed";
+    default: throw InternalError("reason of a compile");
+    }
+}
+
+/// Compiles the source of the class, in a batch of its own or in the one that runs. `import` is given for a change of a
+/// supertype or reference, `member` for one of a reference.
+StoreRef Maker::compileClass(ClassNode& c, int reason, const ImportRecord* import, const DefRecord* member) {
+    std::string text = reasonText(c, reason, import, member);
+    SourceNode* source = c.source;
+    if (source == nullptr) {
+        if (!compiling_) setSource(nullptr);
+        reportError(0, messages::cannotAccess, "class", c.name, "no source found; must be compiled, because " + text);
+        throw MakeAbort{};
+    }
+    if (!listener_.needsCompile(*this, *source->store, text)) throw MakeAbort{};
+    for (std::size_t i = source->defs.size(); i-- != 0;) {
+        ClassNode& defined = graph_.classNode(source->defs[i]);
+        flushClass(defined);
+        defined.store = NullStore::instance();
+        defined.state = stamp_ + progress::IN_HAND;
+    }
+    if (compiling_) {
+        expected_->push_back(&c);
+        compiler_.compileOnDemand(source->store);
+        return NullStore::instance();
+    }
+    compileBatch({source->store}, source->defs);
+    if (c.store != NullStore::instance()) return c.store;
+    failUnexpected(c);
+}
+
+void Maker::failUnexpected(const ClassNode& c) {
+    ScopedSource here(c.source->store);
+    reportError(0, messages::cannotAccess, "class", c.name, "source does not contain expected class");
+    throw MakeAbort{};
+}
+
+namespace {
+
+/// Lets a batch collect what it wrote, however it ends.
+template <class List>
+class ScopedList {
+public:
+    ScopedList(List*& current, List& list) : current_(current), previous_(std::exchange(current, &list)) {}
+    ~ScopedList() { current_ = previous_; }
+    ScopedList(const ScopedList&) = delete;
+    ScopedList& operator=(const ScopedList&) = delete;
+
+private:
+    List*& current_;
+    List* previous_;
+};
+
+class ScopedFlag {
+public:
+    explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
+    ~ScopedFlag() { flag_ = false; }
+    ScopedFlag(const ScopedFlag&) = delete;
+    ScopedFlag& operator=(const ScopedFlag&) = delete;
+
+private:
+    bool& flag_;
+};
+
+} // namespace
+
+/// `defs` are the classes in the sources, as far as they are known.
+void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* const> defs) {
+    std::vector<ClassNode*> written;
+    std::vector<ClassNode*> expected;
+    compiledInPass_ = true;
+    {
+        ScopedList writtenHere(compiled_, written);
+        ScopedList expectedHere(expected_, expected);
+        ScopedFlag running(compiling_);
+        classFile_->forgetInheritors(defs);
+        compiler_.compile(sources, outputDirectory_, reporter_);
+    }
+    if (reporter_->errorCount() == 0)
+        for (const ClassNode* c : expected)
+            if (c->store == NullStore::instance()) failUnexpected(*c);
+    while (!written.empty()) {
+        ClassNode* c = written.back();
+        written.pop_back();
+        updateClass(*c);
+    }
+    if (reporter_->errorCount() != 0) throw MakeAbort{};
+}
+
+/// Records the state of a class that is up to date. One that was written in this pass learns what it imports and uses
+/// from its constant pool; it stays behind if something that it imports was not generated, after an error.
+void Maker::updateClass(ClassNode& c) {
+    if (c.state == stamp_ + progress::WRITTEN) {
+        if (!c.impsCached) cacheImps(c);
+        bool isWhole = true;
+        for (std::uint32_t i = 0; i < c.imps.size(); i++) {
+            ImportRecord& import = *c.imps[i];
+            ClassNode& imported = graph_.classNode(import.name);
+            if (imported.store == NullStore::instance()) {
+                isWhole = false;
+                continue;
+            }
+            if (!imported.defsCached) learnFingerprint(imported);
+            import.fprint = imported.fprint;
+            import.date = imported.date;
+        }
+        if (!isWhole) return;
+        if (!c.refsCached) cacheRefs(c);
+    }
+    c.state = stamp_ + progress::DONE;
+}
+
+// ---- what the compiler tells
+
+void Maker::outClassNotify(const StoreRef& out, ClassSymbol* symbol, const StoreRef& source) {
+    ClassNode& c = graph_.classNode(symbol->flatName);
+    c.state = stamp_ + progress::WRITTEN;
+    c.written = stamp_;
+    c.symbol = symbol;
+    c.store = out;
+    c.date = out->date();
+    SourceNode& from = graph_.sourceNode(Name::fromString(source->canonicalPath().value_or(source->path())));
+    c.sourceName = from.name;
+    c.sourceDate = from.date;
+    if (PackageNode* package = graph_.findPackage(c.packageName)) package->compiledHere = true;
+    writtenInPass_ = true;
+    if (compiled_ != nullptr) compiled_->push_back(&c);
+}
+
+void Maker::cloneClassNotify(ClassSymbol*, ClassSymbol* clone) {
+    graph_.classNode(clone->flatName).symbol = clone;
+}
+
+} // namespace tarn

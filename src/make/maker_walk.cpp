@@ -1,0 +1,281 @@
+// The walk of a pass: from the roots over imports, class by class, to what is out of date.
+//
+// A class is decided about once per pass (`classChanged`, by dates and the files), its imports are made before it is
+// compared with them, and it is compiled if its superclass or an interface has changed at all, or if something that it
+// uses of another import has.
+
+#include "driver/reporter.h"
+#include "make/maker.h"
+#include "make/maker_class_file.h"
+#include "runtime/failure.h"
+#include "store/null_store.h"
+
+namespace tarn {
+
+namespace {
+
+bool isInTheAir(const ClassNode& c) {
+    return c.store == NullStore::instance();
+}
+
+} // namespace
+
+/// Whether the package is taken as it is.
+bool Maker::isUnchecked(const PackageNode& package) const {
+    return package.stable && context_.options.nocheckstable;
+}
+
+/// Whether an import of this package draws in all of it.
+bool Maker::makesAsAWhole(const PackageNode& package) const {
+    if (context_.options.nomakestable || package.name == graph_.unnamedPackage) return false;
+    return package.root || package.fresh;
+}
+
+void Maker::makeSourceRefs(const SourceNode& source) {
+    if (context_.options.nomakestable) return;
+    for (std::size_t i = source.imports.size(); i-- != 0;) {
+        if (source.imports[i] == source.packageName) continue;
+        PackageNode& package = packageNode(source.imports[i], false);
+        if (makesAsAWhole(package)) makePackage(package);
+    }
+}
+
+void Maker::makeSourceDefs(const SourceNode& source) {
+    for (std::size_t i = source.defs.size(); i-- != 0;) {
+        ClassNode& c = graph_.classNode(source.defs[i]);
+        if (c.state < stamp_ + progress::IN_HAND) makeClass(c, packageNode(c.packageName, false));
+    }
+}
+
+/// The tables may grow under the walk: a compile can bring further sources.
+void Maker::makePackage(PackageNode& package) {
+    if (isUnchecked(package) || package.library) return;
+    scanPackage(package);
+    if (package.state >= stamp_ + progress::IN_HAND) return;
+    package.state = stamp_ + progress::IN_HAND;
+    for (std::uint32_t i = 0; i < package.sources.size(); i++) makeSourceRefs(*package.sources[i]);
+    for (std::uint32_t i = 0; i < package.sources.size(); i++) makeSourceDefs(*package.sources[i]);
+    for (std::uint32_t i = 0; i < package.classes.size(); i++) makeClass(*package.classes[i], package);
+}
+
+// ---- a class against the files
+
+/// Decides once per pass whether the class itself has changed, and why it is to be compiled if it is.
+bool Maker::classChanged(ClassNode& c, PackageNode& package) {
+    if (c.state >= stamp_) return false;
+    c.state = stamp_;
+    c.recompileReason = reason::NONE;
+    if (isUnchecked(package)) return false;
+    scanPackage(package);
+    if (!c.store) {
+        c.recompileReason = reason::NO_CLASS_FILE;
+    } else if (c.source != nullptr) {
+        c.recompileReason = reasonOfSource(c, package);
+        if (c.recompileReason != reason::NONE) c.store = nullptr;
+    }
+    if (c.recompileReason != reason::NONE) {
+        flushClass(c);
+        return true;
+    }
+    Date date = c.store->date();
+    if (date == c.date) return false;
+    if (c.source != nullptr) {
+        c.recompileReason = c.date == 0 ? reason::FIRST_BUILD : reason::CLASS_DATE;
+        c.store = nullptr;
+        flushClass(c);
+        return true;
+    }
+    // A class from elsewhere cannot be compiled; who imports it will look at its fingerprint.
+    flushClass(c);
+    c.date = date;
+    c.sourceName = nullptr;
+    c.sourceDate = 0;
+    return true;
+}
+
+int Maker::reasonOfSource(const ClassNode& c, const PackageNode& package) const {
+    if (rebuild_ && !package.stable) return reason::REBUILD;
+    if (c.sourceName == nullptr) return package.stable ? reason::NONE : reason::FIRST_BUILD;
+    if (c.sourceName != c.source->name) return reason::SOURCE_NAME;
+    return c.sourceDate == c.source->date ? reason::NONE : reason::SOURCE_DATE;
+}
+
+/// Drops what is remembered of a class that has changed. In a stable package that breaks the promise: the package is
+/// read again as one that is made, and the pass starts over.
+void Maker::flushClass(ClassNode& c) {
+    c.symbol = nullptr;
+    c.impsCached = c.refsCached = c.defsCached = false;
+    c.imps = {};
+    c.superclass = nullptr;
+    c.interfaces = {};
+    c.fprint = 0;
+    c.vardefs = c.fundefs = {};
+    PackageNode* package = graph_.findPackage(c.packageName);
+    if (package == nullptr || !package->stable || (!c.store && c.source == nullptr)) return;
+    if (package->writtenHere) { // this very run took it for stable, and still has all that it knew
+        package->stable = false;
+        return;
+    }
+    packageNode(c.packageName, true);
+    ScopedSource none(nullptr);
+    reportWarning(0, messages::changedInStablePackage, c.name, c.packageName);
+    remake_ = true;
+    throw MakeAbort{};
+}
+
+bool Maker::classChanged(Name* flatName) {
+    ClassNode& c = graph_.classNode(flatName);
+    if (c.state >= stamp_) return false;
+    PackageNode& package = packageNode(c.packageName, false);
+    if (classChanged(c, package)) return true;
+    if (isUnchecked(package) || package.library || isInTheAir(c) || !c.impsCached) return false;
+    std::span<ImportRecord* const> imports = c.imps.nodes();
+    for (const ImportRecord* import : imports)
+        if (classChanged(import->name)) classFile_->redoClass(import->name);
+    return false;
+}
+
+StoreRef Maker::classStore(Name* flatName) {
+    ClassNode& c = graph_.classNode(flatName);
+    PackageNode& package = packageNode(c.packageName, false);
+    classChanged(c, package);
+    return classStore(c, package);
+}
+
+StoreRef Maker::classStore(ClassNode& c, PackageNode& package) {
+    if (isInTheAir(c)) return c.store;
+    if (c.recompileReason == reason::NONE) {
+        if (c.store) return c.store;
+        if (isUnchecked(package)) {
+            c.store = findClassFile(c);
+            if (c.store) return c.store;
+            throw ClassNotFound("class " + c.name->toString() + " not found in stable package");
+        }
+        c.recompileReason = reason::NO_CLASS_FILE;
+    }
+    if (c.source != nullptr) return compileClass(c, c.recompileReason);
+    if (c.store) throw ClassNotFound("class " + c.name->toString() + " needs to be recompiled, but no source found");
+    throw ClassNotFound("neither class nor source found for " + c.name->toString());
+}
+
+bool Maker::classListChanged(Name* packageName) {
+    PackageNode& package = packageNode(packageName, false);
+    scanPackage(package);
+    return package.listed < package.scanned;
+}
+
+std::vector<Name*> Maker::listClasses(Name* packageName, bool& found) {
+    PackageNode& package = packageNode(packageName, false);
+    found = scanPackage(package);
+    std::vector<Name*> names;
+    names.reserve(package.classes.size());
+    for (const ClassNode* c : package.classes.nodes()) names.push_back(c->simpleName);
+    package.listed = base_;
+    return names;
+}
+
+// ---- a class against its imports
+
+void Maker::makeClass(ClassNode& c, PackageNode& package) {
+    if (c.state >= stamp_ + progress::IN_HAND) return;
+    if (classChanged(c, package) && c.recompileReason != reason::NONE) {
+        try {
+            classStore(c, package);
+            return;
+        } catch (const ClassNotFound& failure) {
+            ScopedSource none(nullptr);
+            reportError(0, messages::cannotAccess, "class", c.name, failure.what());
+        }
+        flushClass(c);
+        throw MakeAbort{};
+    }
+    c.state = stamp_ + progress::IN_HAND;
+    if (isUnchecked(package) || package.library) return;
+    if (!c.impsCached) cacheImps(c);
+    makeImports(c, package);
+    if (c.sourceName != nullptr && remakeForSupertypes(c)) return;
+    if (remakeForReferences(c, package)) return;
+    updateClass(c);
+}
+
+void Maker::makeImports(const ClassNode& c, const PackageNode& package) {
+    for (std::uint32_t i = 0; i < c.imps.size(); i++) {
+        ClassNode& imported = graph_.classNode(c.imps[i]->name);
+        if (imported.state >= stamp_ + progress::IN_HAND) continue;
+        PackageNode& home = packageNode(imported.packageName, false);
+        if (&home != &package && makesAsAWhole(home))
+            makePackage(home);
+        else
+            makeClass(imported, home);
+    }
+}
+
+/// Whether the import's date says that nothing is to be looked at. A class that this make wrote may have the date that
+/// it had before, since dates are coarse.
+bool Maker::isAsSeen(const ImportRecord& import, const ClassNode& c) const {
+    return import.date == c.date && c.written < base_;
+}
+
+/// A class depends on all of its superclass and interfaces. Whether it was compiled.
+bool Maker::remakeForSupertypes(ClassNode& c) {
+    auto hasChanged = [this](const ImportRecord& import) {
+        ClassNode& imported = graph_.classNode(import.name);
+        if (isAsSeen(import, imported)) return false;
+        if (!imported.defsCached) cacheDefs(imported);
+        return import.fprint != imported.fprint;
+    };
+    if (c.superclass != nullptr && hasChanged(*c.superclass)) {
+        compileClass(c, reason::SUPERCLASS, c.superclass);
+        return true;
+    }
+    for (const ImportRecord* import : c.interfaces) {
+        if (import->date == 0 || !hasChanged(*import)) continue;
+        compileClass(c, reason::INTERFACE, import);
+        return true;
+    }
+    return false;
+}
+
+/// Compares what the class uses with what its imports offer now. Whether it was compiled.
+bool Maker::remakeForReferences(ClassNode& c, PackageNode& package) {
+    for (std::uint32_t i = 0; i < c.imps.size(); i++) {
+        ImportRecord& import = *c.imps[i];
+        ClassNode& imported = graph_.classNode(import.name);
+        if (import.date != 0 && isAsSeen(import, imported)) continue;
+        if (!imported.defsCached) cacheDefs(imported);
+        bool isSame = import.date != 0 && import.fprint == imported.fprint;
+        if (!isSame && c.sourceName != nullptr && (c.refsCached || c.source != nullptr)) {
+            if (!c.refsCached) {
+                compileClass(c, reason::NO_REFERENCES);
+                return true;
+            }
+            if (const DefRecord* changed = strictCheckRefs(import, imported)) {
+                compileClass(c, reason::REFERENCE, &import, changed);
+                return true;
+            }
+        } else if (!isSame) {
+            if (const DefRecord* gone = looseCheckRefs(c, import, imported)) {
+                compileClass(c, reason::REFERENCE, &import, gone);
+                return true;
+            }
+            warnOfMissingSource(c, package);
+        }
+        if (import.date == imported.date && isSame) continue;
+        import.fprint = imported.fprint;
+        import.date = imported.date;
+        package.relearned = package.stable;
+    }
+    return false;
+}
+
+void Maker::warnOfMissingSource(const ClassNode& c, PackageNode& package) {
+    ScopedSource none(nullptr);
+    if (c.sourceName != nullptr) {
+        reportWarning(0, messages::sourceOfClassMissing, c.name);
+    } else if (package.fresh && !package.warnedMissing) {
+        package.warnedMissing = true;
+        reportWarning(0, messages::missingSources, package.name, c.name);
+    }
+}
+
+} // namespace tarn
