@@ -114,7 +114,7 @@ Tree* Lowering::translateStat(Tree* tree, Place* place) {
     }
     case BREAK:
     case CONTINUE: break;
-    default: throw InternalError("transStat " + std::to_string(tree->tag));
+    default: return translateExpr(tree, place); // of a clause of a `for`
     }
     return tree;
 }

@@ -34,10 +34,15 @@ void checkCaptured(int pos, Env* env, VarSymbol* v) {
     if (!v->isFinal()) reportError(pos, messages::localMustBeFinal, v);
 }
 
+/// Whether the instance member stands behind a static context.
+bool isOutOfReach(Env* env, const Symbol* sym) {
+    ClassSymbol* site = resolve::siteOf(env, sym);
+    return site == nullptr ? env->isStatic : isStaticContext(env, site);
+}
+
 /// Whether the member would be reached through the object that a this(...) or super(...) call is still making.
 bool isOfUnmadeObject(Env* env, const Symbol* sym) {
-    return env->isSelfCall && sym->owner != nullptr && sym->owner->kind == TYP &&
-           resolve::classOf(env)->isSubClass(sym->owner);
+    return env->isSelfCall && resolve::siteOf(env, sym) == resolve::classOf(env);
 }
 
 } // namespace
@@ -51,7 +56,7 @@ Type* Ident::attr(Env* env, int pkind, Type* pt) {
     }
     sym = resolve::findIdent(pos, name, env, pt->argTypes(), pkind);
     bool ofClass = !sym->isStatic() && sym->owner != nullptr && sym->owner->kind == TYP && sym->kind != TYP;
-    if ((ofClass && isStaticContext(env, sym->owner)) || (pkind != VAR && isOfUnmadeObject(env, sym)))
+    if (ofClass && (isOutOfReach(env, sym) || (pkind != VAR && isOfUnmadeObject(env, sym))))
         sym = checkNonStaticRef(pos, sym);
     if ((sym->flags & flag::DEPRECATED) != 0) warnDeprecated(pos, sym);
     if (sym->kind == VAR) {
@@ -126,7 +131,7 @@ Symbol* checkSelectedFromClass(Select* tree, Symbol* sym, Env* env) {
         checkAbstractRef(tree->pos, sym);
         return sym;
     }
-    if (sym->kind == VAR && !isStaticContext(env, sym->owner)) {
+    if (sym->kind == VAR && !isOutOfReach(env, sym)) {
         reportError(tree->pos, messages::staticReferenceToNonStatic, sym);
         return errSymbol;
     }
@@ -201,6 +206,16 @@ Type* Select::attr(Env* env, int pkind, Type* pt) {
 
 // ---- this and super
 
+namespace {
+
+bool isAround(Env* env, const ClassSymbol* c) {
+    for (Env* e = env; e->enclClass != nullptr; e = e->outer)
+        if (resolve::classOf(e) == c) return true;
+    return false;
+}
+
+} // namespace
+
 Type* Self::attr(Env* env, int pkind, Type* pt) {
     type = errType;
     sym = nullptr;
@@ -213,6 +228,10 @@ Type* Self::attr(Env* env, int pkind, Type* pt) {
         reportError(pos, messages::referenceBeforeSuperConstructor, word);
         return type;
     }
+    if (!isAround(env, c)) {
+        reportError(pos, messages::enclosingInstanceNotInScope, c, resolve::classOf(env));
+        return type;
+    }
     if (isStaticContext(env, c)) {
         std::string shown = encl == nullptr ? "" : c->flatName->toString() + ".";
         reportError(pos, messages::referencedFromStaticContext, shown + word->toString());
@@ -223,8 +242,10 @@ Type* Self::attr(Env* env, int pkind, Type* pt) {
         if (checkKind(pos, VAL, pkind)) type = checkAssignable(pos, c->type, pt);
         return type;
     }
-    Type* outer = encl == nullptr ? nullptr : encl->attr(env, VAL, anythingType);
-    Types args = outerArguments(pos, env, encl, outer, *pt->argTypes(), c);
+    Env* outerEnv = env->dup(this);
+    outerEnv->isSelfCall = true;
+    Type* outer = encl == nullptr ? nullptr : encl->attr(outerEnv, VAL, anythingType);
+    Types args = outerArguments(pos, outerEnv, encl, outer, *pt->argTypes(), c);
     sym = resolve::resolveConstructor(pos, c, env, args);
     return type = sym->type;
 }
@@ -233,13 +254,14 @@ namespace attribution {
 
 namespace {
 
-/// The innermost class around the place that has the members of `needed`; for a constructor call not the class whose
-/// object is being made. Null if there is none.
-ClassSymbol* enclosingSubclass(Env* env, const ClassSymbol* needed, bool skipFirst) {
-    for (Env* e = env; e != nullptr && e->enclClass != nullptr; e = e->outer) {
+/// The innermost class around the place by whose instance a `c` can be made: for a member class one that has `c` as a
+/// member, for a local class the one around it. Not one whose object is still being made. Null if there is none.
+ClassSymbol* enclosingClass(Env* env, const ClassSymbol* c) {
+    const ClassSymbol* needed = c->owner->enclClass();
+    for (Env* e = env; e->enclClass != nullptr; e = e->outer) {
         ClassSymbol* here = resolve::classOf(e);
-        if (!skipFirst && here->isSubClass(needed)) return here;
-        skipFirst = false;
+        bool fits = c->owner->kind == MTH ? here == needed : here->isSubClass(needed);
+        if (fits && !e->isSelfCall) return here;
     }
     return nullptr;
 }
@@ -252,11 +274,9 @@ Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, Cl
         return args;
     }
     if (outer == nullptr) {
-        ClassSymbol* needed = c->owner->enclClass();
-        bool isConstructorCall = env->enclMethod != nullptr && env->isSelfCall;
-        ClassSymbol* q = enclosingSubclass(env, needed, isConstructorCall);
+        ClassSymbol* q = enclosingClass(env, c);
         if (q == nullptr) {
-            reportError(pos, messages::enclosingInstanceNotInScope, needed, c);
+            reportError(pos, messages::enclosingInstanceNotInScope, c->owner->enclClass(), c);
             outer = errType;
         } else {
             Arena& arena = env->toplevel->arena;

@@ -85,17 +85,17 @@ void checkAbstractRef(int pos, Symbol* sym) {
     if (sym->isAbstract()) reportError(pos, messages::abstractAccessedDirectly, sym);
 }
 
-bool isStaticContext(Env* env, const Symbol* c) {
+bool isStaticContext(Env* env, const ClassSymbol* c) {
     if (env->isStatic) return true;
-    if (env->enclClass == nullptr) return false;
-    const ClassSymbol* here = resolve::classOf(env);
-    const ClassSymbol* outermost = here->outermostClass();
-    bool passedStatic = false;
-    while (here != outermost && !here->isSubClass(c)) {
-        passedStatic = passedStatic || here->isStatic();
-        here = here->owner->enclClass();
+    for (Env* e = env; e->enclClass != nullptr; e = e->outer) {
+        if (e->isStatic) return true;
+        const ClassSymbol* here = resolve::classOf(e);
+        // A class among the arguments of a constructor call has no instance of the class around it, but of those
+        // further out.
+        if (here == c) return e != env && e->isSelfCall;
+        if (here->isStatic() && !e->outer->isSelfCall) return true;
     }
-    return passedStatic;
+    return false;
 }
 
 bool isBlankFinalRefused(Env* env, VarSymbol* v) {

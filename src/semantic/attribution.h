@@ -26,7 +26,8 @@ Type* unhandled(TypeList* thrown, TypeList* handled);
 Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, ClassSymbol* c);
 Symbol* checkNonStaticRef(int pos, Symbol* sym);
 void checkAbstractRef(int pos, Symbol* sym);
-bool isStaticContext(Env* env, const Symbol* c);
+/// Whether there is no instance of the enclosing class `c` at the place.
+bool isStaticContext(Env* env, const ClassSymbol* c);
 bool isBlankFinalRefused(Env* env, VarSymbol* v);
 void warnDeprecated(int pos, Symbol* sym);
 /// Gives a final variable the value of its initializer as its type, if that is constant and the variable's declared

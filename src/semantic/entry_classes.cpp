@@ -74,7 +74,7 @@ constexpr std::uint32_t MEMBER_CLASS_FLAGS = LOCAL_CLASS_FLAGS | ACCESS_FLAGS | 
 constexpr std::uint32_t TOP_CLASS_FLAGS = LOCAL_CLASS_FLAGS | flag::PUBLIC;
 
 std::uint32_t allowedClassFlags(const ClassSymbol* c) {
-    if (c->isLocal()) return LOCAL_CLASS_FLAGS;
+    if (c->owner->kind == MTH) return LOCAL_CLASS_FLAGS; // but a member of a local class is a member
     return c->owner->kind == TYP ? MEMBER_CLASS_FLAGS : TOP_CLASS_FLAGS;
 }
 

@@ -75,11 +75,23 @@ ClassSymbol* classOf(Env* env) {
     return env->enclClass == nullptr ? context().predefClass : env->enclClass->classSymbol();
 }
 
+ClassSymbol* siteOf(Env* env, const Symbol* member) {
+    ClassSymbol* inexact = nullptr;
+    for (Env* e = env; e != nullptr && e->enclClass != nullptr; e = e->outer) {
+        ClassSymbol* here = classOf(e);
+        if (!here->isSubClass(member->owner)) continue;
+        if (isMemberOf(here, member)) return here;
+        if (inexact == nullptr) inexact = here;
+    }
+    return inexact;
+}
+
 // ---- access
 
 bool isAccessibleClass(Env* env, ClassSymbol* c) {
     ensureRead(c);
-    if ((c->flags & flag::PUBLIC) != 0) return true;
+    // The machine knows no protected classes; who may name one was found out with its name.
+    if ((c->flags & (flag::PUBLIC | flag::PROTECTED)) != 0) return true;
     if (env == nullptr) return false;
     const Symbol* package = env->toplevel->package;
     if (package == c->owner) return true;
@@ -131,12 +143,15 @@ bool isAccessible(Env* env, ClassSymbol* site, Symbol* sym) {
 Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
     ensureRead(c);
     Symbol* best = varNotFound();
+    Symbol* notInherited = nullptr;
     if (c->members == nullptr) return best;
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry()) {
         Symbol* sym = entry->sym;
         if (sym->kind != VAR) continue;
-        if (isAccessible(env, c, sym)) return sym;
-        if (best->kind > ACCESS_ERROR) best = accessError(sym);
+        bool accessible = isAccessible(env, c, sym);
+        if (accessible && isMemberOf(c, sym)) return sym;
+        if (accessible && notInherited == nullptr) notInherited = sym;
+        if (!accessible && best->kind > ACCESS_ERROR) best = accessError(sym);
     }
     for (; c != nullptr && !best->exists(); c = c->superclass)
         for (ClassSymbol* i : c->interfaces) {
@@ -149,18 +164,24 @@ Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
                 keepBetter(best, found);
             }
         }
-    return best;
+    return best->exists() || notInherited == nullptr ? best : notInherited;
 }
+
+// A private member that a superclass within the same nest has is not inherited, but can be reached: it is what a name
+// means if it means nothing else.
 
 Symbol* findVar(Env* env, Name* name) {
     Symbol* best = varNotFound();
+    Symbol* notInherited = nullptr;
     for (Env* e = env; e->outer != nullptr; e = e->outer) {
         for (Symbol* entry = e->scope->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
             if (entry->sym->kind == VAR && entry->sym->owner->kind != TYP) return entry->sym;
         Symbol* found = findField(e, classOf(e), name);
-        if (found->exists()) return found;
-        keepBetter(best, found);
+        if (found->exists() && isMemberOf(classOf(e), found)) return found;
+        if (found->exists() && notInherited == nullptr) notInherited = found;
+        if (!found->exists()) keepBetter(best, found);
     }
+    if (notInherited != nullptr) return notInherited;
     Symbol* predefined = context().predefScope->lookup(name);
     if (predefined->scope != nullptr && predefined->sym->kind == VAR) return predefined->sym;
     return best;
@@ -180,6 +201,7 @@ bool isApplicable(const Symbol* sym, Types args) {
 bool moreSpecific(Env* env, ClassSymbol* site, Symbol* m1, Symbol* m2) {
     if (!isAccessible(env, site, m2)) return true;
     if (!isAccessible(env, site, m1)) return false;
+    if (isMemberOf(site, m1) != isMemberOf(site, m2)) return isMemberOf(site, m1);
     if (!m1->isStatic() && !m2->isStatic() && !m1->owner->isInterface() && !m2->owner->isInterface() &&
         !m1->owner->isSubClass(m2->owner))
         return false;
@@ -232,7 +254,7 @@ Symbol* findInChain(Env* env, ClassSymbol* site, Name* name, Types args) {
 /// Whether the class has or inherits a method of that name that can be called here.
 bool hasAccessibleMethod(Env* env, ClassSymbol* c, Name* name) {
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
-        if (entry->sym->kind == MTH && isAccessible(env, c, entry->sym)) return true;
+        if (entry->sym->kind == MTH && isMemberOf(c, entry->sym) && isAccessible(env, c, entry->sym)) return true;
     bool found = false;
     eachInterface(c, [&](ClassSymbol* i) { return found = hasAccessibleMethod(env, i, name); });
     return found;
@@ -250,19 +272,14 @@ Symbol* findMethod(Env* env, ClassSymbol* site, Name* name, Types args) {
 
 Symbol* findFun(Env* env, Name* name, Types args) {
     Symbol* best = methodNotFound();
-    Env* e = env;
-    for (; e->outer != nullptr && e->outer->outer != nullptr; e = e->outer) {
+    for (Env* e = env; e->enclClass != nullptr; e = e->outer) {
         ClassSymbol* c = classOf(e);
         Symbol* found = findMethod(e, c, name, args);
-        if (found->exists()) return found;
-        keepBetter(best, found);
-        if (hasAccessibleMethod(e, c, name)) return best;
+        if (found->exists() && isMemberOf(c, found)) return found;
+        if (!best->exists()) keepBetter(best, found);
+        if (e->outer->enclClass != nullptr && hasAccessibleMethod(e, c, name)) return best;
     }
-    if (e->enclClass != nullptr) {
-        Symbol* found = findMethod(e, classOf(e), name, args);
-        if (found->exists()) return found;
-        keepBetter(best, found);
-    }
+    if (best->exists()) return best;
     Symbol* operator_ = findMethod(env, context().predefClass, name, args);
     return operator_->exists() ? operator_ : best;
 }

@@ -47,6 +47,13 @@ bool isAccessible(Env* env, ClassSymbol* site, Symbol* sym);
 bool isAccessibleClass(Env* env, ClassSymbol* c);
 /// The first symbol of that name and kind among the members, inherited ones too; or null.
 Symbol* lookupKind(ClassSymbol* c, int kind, Name* name);
+/// Whether the class itself has the member, or inherits it: a private one is that of its own class alone.
+inline bool isMemberOf(const ClassSymbol* c, const Symbol* sym) {
+    return !sym->isPrivate() || sym->owner == c;
+}
+/// Of the classes around the place the innermost that has the member, by whose instance a simple name reaches it; null
+/// if there is none.
+ClassSymbol* siteOf(Env* env, const Symbol* member);
 /// The class of an environment's enclosing class; the predefined class at top level.
 ClassSymbol* classOf(Env* env);
 

@@ -76,9 +76,18 @@ bool MethodSymbol::isConstructor() const {
     return name == names().init;
 }
 
+namespace {
+
+const Symbol* packageOf(const Symbol* member) {
+    const ClassSymbol* outermost = member->outermostClass();
+    return outermost == nullptr ? nullptr : outermost->owner;
+}
+
+} // namespace
+
 bool MethodSymbol::overrides(const Symbol* other) const {
     if (this == other || other->kind != MTH || other->isPrivate()) return false;
-    if (other->owner->owner != owner->owner && (other->flags & (flag::PUBLIC | flag::PROTECTED)) == 0) return false;
+    if (packageOf(other) != packageOf(this) && (other->flags & (flag::PUBLIC | flag::PROTECTED)) == 0) return false;
     const Types* args = type->argTypes();
     const Types* otherArgs = other->type->argTypes();
     if (args == nullptr || otherArgs == nullptr || !sameTypes(*args, *otherArgs)) return false;
