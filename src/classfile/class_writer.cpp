@@ -89,8 +89,19 @@ void ClassWriter::putIndex(PoolEntry* entry) {
 
 // ---- the class
 
+namespace {
+
+/// The access flags of a class of its own, which it has to the virtual machine, be it declared within another or not.
+/// What else it was declared to be stands in `InnerClasses`.
+std::uint32_t accessFlags(const ClassSymbol* c) {
+    std::uint32_t flags = c->flags & (flag::PUBLIC | flag::FINAL | flag::INTERFACE | flag::ABSTRACT);
+    return (c->flags & flag::PROTECTED) != 0 ? flags | flag::PUBLIC : flags;
+}
+
+} // namespace
+
 void ClassWriter::writeBody(ClassSymbol* c) {
-    out_->put2(c->flags & LOW_FLAGS);
+    out_->put2(accessFlags(c));
     putIndex(c);
     if (c->superclass != nullptr)
         putIndex(c->superclass);
