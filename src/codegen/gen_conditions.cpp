@@ -1,5 +1,7 @@
 #include "codegen/gen.h"
 
+#include <algorithm>
+
 namespace tarn {
 
 namespace {
@@ -8,6 +10,11 @@ namespace {
 Tree* chosenBranch(const Conditional* tree) {
     if (!tree->cond->type->isConstant()) return nullptr;
     return tree->cond->type->constValue()->intValue() != 0 ? tree->thenpart : tree->elsepart;
+}
+
+bool isEmpty(const Tree* statement) {
+    return statement->tag == treetag::BLOCK &&
+           std::ranges::all_of(static_cast<const Block*>(statement)->stats, isEmpty);
 }
 
 /// `a ? b : c` as a condition. No boolean is put on the stack in between, so that what `b` and `c` assign on either of
@@ -71,6 +78,7 @@ Item* Conditional::genIf() {
         }
     }
     out.statBegin(pos);
+    bool hasElse = elsepart != nullptr && !isEmpty(elsepart);
     CondItem* c = codegen::genCondition(cond);
     Chain* elseChain = c->jumpFalse();
     Chain* exit = nullptr;
@@ -78,9 +86,9 @@ Item* Conditional::genIf() {
         out.resolve(c->trueJumps);
         thenpart->genDrop();
         // Without an else part the end of the then part is the end of the statement.
-        if (elsepart != nullptr) exit = out.branch(ALWAYS);
+        if (hasElse) exit = out.branch(ALWAYS);
     }
-    if (elsepart != nullptr && elseChain != nullptr) {
+    if (hasElse && elseChain != nullptr) {
         out.resolve(elseChain);
         elsepart->genDrop();
         elseChain = nullptr;
