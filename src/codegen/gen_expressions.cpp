@@ -110,14 +110,13 @@ int arrayCode(const Type* element) {
 }
 
 /// An array of that type; the lengths of its first `dimensions` dimensions are on the stack.
-Item* makeArray(int pos, Type* type, int dimensions) {
+Item* makeArray(Type* type, int dimensions) {
     Emitter& out = emitter();
     Type* element = type->elemType();
     int code = arrayCode(element);
     if (code == ARRAY_OF_CLASS || (code == ARRAY_OF_ARRAY && dimensions == 1)) {
         out.emitop2(op::ANEWARRAY, out.poolClass(element));
     } else if (code == ARRAY_OF_ARRAY) {
-        if (dimensions > 255) reportError(pos, messages::tooLarge, "array creation", "255 dimensions");
         out.emitop(op::MULTIANEWARRAY, 1 - dimensions);
         out.emit2(out.poolClass(type));
         out.emit1(dimensions);
@@ -201,14 +200,14 @@ Item* NewClass::gen() {
 
 Item* NewArray::gen() {
     for (Tree* dimension : dims) dimension->genLoad();
-    return makeArray(pos, type, static_cast<int>(dims.size()));
+    return makeArray(type, static_cast<int>(dims.size()));
 }
 
 Item* ArrayInit::gen() {
     Emitter& out = emitter();
     Type* element = type->elemType();
     out.emitInt(static_cast<int>(elems.size()));
-    makeArray(pos, type, 1);
+    makeArray(type, 1);
     for (std::size_t i = 0; i < elems.size(); i++) {
         out.emitop(op::DUP);
         out.emitInt(static_cast<int>(i));

@@ -36,7 +36,7 @@ class Limits {
 
     Object array() {
         return new Object
-        //         ^ error 556: array creation is too large; a class file allows for 255 dimensions
+        //         ^ error 556: array type is too large; a class file allows for 255 dimensions
             [1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1]
             [1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1]
             [1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1]
