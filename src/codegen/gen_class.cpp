@@ -27,7 +27,7 @@ public:
 void recordReferences(const ClassDef* tree, const ClassSymbol* c) {
     Emitter& out = emitter();
     for (const Symbol* member = c->members->elems; member != nullptr; member = member->sibling) {
-        Type* type = member->type;
+        Type* type = member->sym->type; // the entry of a member class is an alias
         if (type->tag == typetag::CLASS || type->tag == typetag::ARRAY || type->tag == typetag::METHOD)
             out.poolClass(type);
     }
