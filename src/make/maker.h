@@ -111,7 +111,7 @@ private:
     StoreRef findDependencyFile(const Name* packageName);
     StoreRef findClassFile(const ClassNode& c);
     SourceNode* validateSource(const StoreRef& store, PackageNode* directory, bool forMaking);
-    void scanSource(SourceNode& source, Date date);
+    bool scanSource(SourceNode& source, Date date);
     void validateClass(Name* flatName, PackageNode& package, SourceNode& source);
     void validateClass(Name* flatName, PackageNode& package, const StoreRef& file);
     bool scanPackage(PackageNode& package);

@@ -5,6 +5,7 @@
 #include "make/maker.h"
 #include "make/maker_class_file.h"
 #include "runtime/failure.h"
+#include "store/directory_store.h"
 #include "store/null_store.h"
 
 #include <utility>
@@ -142,13 +143,27 @@ void Maker::updateClass(ClassNode& c) {
 
 // ---- what the compiler tells
 
+namespace {
+
+/// The date of a class file that was just written. Importers take a class as unchanged while its date is the one that
+/// they have seen, and dates are coarse, so a class that is written again within a moment gets a date of its own.
+Date dateOfWritten(Store& out, Date before) {
+    constexpr Date MOMENT = 1800; // an hour; what is younger than that has been dated by another clock
+    Date date = out.date();
+    if (before < date || before - date > MOMENT) return date;
+    if (auto* file = dynamic_cast<DirectoryStore*>(&out)) file->moveDateOn(before - date + 1);
+    return out.date();
+}
+
+} // namespace
+
 void Maker::outClassNotify(const StoreRef& out, ClassSymbol* symbol, const StoreRef& source) {
     ClassNode& c = graph_.classNode(symbol->flatName);
     c.state = stamp_ + progress::WRITTEN;
     c.written = stamp_;
     c.symbol = symbol;
     c.store = out;
-    c.date = out->date();
+    c.date = dateOfWritten(*out, c.date);
     SourceNode& from = graph_.sourceNode(Name::fromString(source->canonicalPath().value_or(source->path())));
     c.sourceName = from.name;
     c.sourceDate = from.date;

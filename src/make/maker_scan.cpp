@@ -16,11 +16,14 @@ namespace tarn {
 
 // ---- packages
 
+/// The node of the package, read from its dependency file if it has to be. One that was only looked into is read again
+/// when it is to be made: what was learned of it while it was stable gives way to what the file says.
 PackageNode& Maker::packageNode(Name* name, bool forMaking) {
     PackageNode* old = graph_.findPackage(name);
     if (old != nullptr) {
         bool lacksImps = !old->keepImps && !old->library && !context_.options.nocheckstable;
-        bool isToBeRead = lacksImps || (forMaking && (!old->keepImps || !old->keepRefs));
+        bool lacksAny = !old->keepImps || !old->keepRefs || (old->stable && !old->writtenHere);
+        bool isToBeRead = lacksImps || (forMaking && lacksAny);
         if (!isToBeRead) {
             if (forMaking) old->stable = false;
             return *old;
@@ -45,10 +48,9 @@ PackageNode& Maker::rootPackage(Name* name) {
     return packageNode(name, true);
 }
 
-/// What this make has seen of the package stays seen.
+/// Sources that were validated stay so. The directories are scanned once more, since a class that is out of date has
+/// lost its file.
 void Maker::carryOver(const PackageNode& old, PackageNode& package) {
-    package.scanned = old.scanned;
-    package.listed = old.listed;
     package.root = old.root;
     package.warnedMissing = old.warnedMissing;
     package.compiledHere = old.compiledHere;
@@ -57,7 +59,6 @@ void Maker::carryOver(const PackageNode& old, PackageNode& package) {
         if (source->state >= base_) package.sources.put(graph_.arena, source);
     for (ClassNode* c : old.classes.nodes())
         if (c->validated >= base_) package.classes.put(graph_.arena, c);
-    if (package.scanned >= base_) forgetUnseen(package);
 }
 
 StoreRef Maker::findDependencyFile(const Name* packageName) {
@@ -78,7 +79,8 @@ StoreRef Maker::findClassFile(const ClassNode& c) {
 
 // ---- sources
 
-/// Takes the source up for this make; null if an earlier one of its name has its place. `directory` is the package
+/// Takes the source up for this make; null if it is passed over: an earlier one of its name has its place, or its
+/// faults leave nothing of it. `directory` is the package
 /// whose directory it was found in, null for a source that was named.
 SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory, bool forMaking) {
     std::optional<std::string> path = store->canonicalPath();
@@ -88,7 +90,7 @@ SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory,
         throw MakeAbort{};
     }
     SourceNode& source = graph_.sourceNode(Name::fromString(*path));
-    if (source.state >= base_) return &source;
+    if (source.state >= base_) return source.packageName == nullptr ? nullptr : &source;
     Date date = store->date();
     if (date == NO_DATE && directory != nullptr) return nullptr; // no file
     source.store = store;
@@ -104,7 +106,10 @@ SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory,
         }
         if (old == nullptr) old = &source;
     }
-    if (source.date != date) scanSource(source, date);
+    if (source.date != date && !scanSource(source, date)) {
+        source.state = stamp_;
+        return nullptr;
+    }
 
     PackageNode& package = packageNode(source.packageName, forMaking);
     if (directory != nullptr && directory->name != package.name) {
@@ -147,8 +152,8 @@ private:
 } // namespace
 
 /// A faulty source is told of by the compile of its classes. One whose faults leave no class is not compiled, so its
-/// faults are told here, and it is not taken as known: the next run will look at it again.
-void Maker::scanSource(SourceNode& source, Date date) {
+/// faults are told here, and it is passed over; the next run will look at it again. False then.
+bool Maker::scanSource(SourceNode& source, Date date) {
     if (!listener_.parsing(*this, *source.store)) throw MakeAbort{};
     ScopedReporting keep;
     DependencyScanner scanner;
@@ -167,10 +172,12 @@ void Maker::scanSource(SourceNode& source, Date date) {
     source.imports = graph_.arena.copyArray<Name*>(scanner.imports);
     source.defs = graph_.arena.copyArray<Name*>(scanner.classes);
     source.date = date;
-    if (errors == 0 || !source.defs.empty()) return;
+    if (errors == 0 || !source.defs.empty()) return true;
     DependencyScanner again;
     compiler_.parseWith(source.store, again, reporter_);
+    source.packageName = nullptr;
     source.date = 0;
+    return false;
 }
 
 // ---- classes

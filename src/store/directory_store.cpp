@@ -71,6 +71,14 @@ std::string DirectoryStore::toString() const {
     return canonicalPath().value_or(std::string());
 }
 
+void DirectoryStore::moveDateOn(Date units) {
+    PlatformPath path(path_);
+    struct stat status;
+    if (::stat(path.get(), &status) != 0) return;
+    const timespec times[] = {{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, {.tv_sec = status.st_mtim.tv_sec + 2 * units}};
+    ::utimensat(AT_FDCWD, path.get(), times, 0);
+}
+
 Date DirectoryStore::date() const {
     return dateOfFile(PlatformPath(path_).get());
 }
