@@ -169,7 +169,7 @@ Item* Self::gen() {
 Item* Select::gen() {
     if (name == names().class_) return genClassLiteral(pos, selected->type);
     if (type->isConstant()) return constantOf(this);
-    if (sym->kind == VAR && sym->type->isConstant() && !isPlainName(selected)) return genConstantBehind(this);
+    if (sym->kind == VAR && sym->type->isConstant() && !isPlainSelection(this)) return genConstantBehind(this);
     if (sym->kind == TYP) return items::staticItem();
     if (sym == context().lengthVar) {
         selected->genLoad();

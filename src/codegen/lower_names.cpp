@@ -98,7 +98,8 @@ Tree* Lowering::translateSelect(Select* tree, Place* place, int op, Type* operan
     Symbol* sym = tree->sym;
     if (tree->name == names().class_ || !(isMember(sym) || sym == context().lengthVar)) return tree;
     if (tree->selected->tag != treetag::SUPER) tree->selected = translateExpr(tree->selected, place);
-    if (!isMember(sym) || tree->type->isConstant()) return tree;
+    // The operand of an operator that was folded has no type any more.
+    if (!isMember(sym) || tree->type == nullptr || tree->type->isConstant()) return tree;
     make_.setPos(tree->pos);
     Type* type = tree->selected->type;
     ClassSymbol* site = type->tag == typetag::CLASS ? type->tsym : nullptr;

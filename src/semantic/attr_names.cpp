@@ -200,7 +200,7 @@ Type* Select::attr(Env* env, int pkind, Type* pt) {
     if ((sym->flags & flag::DEPRECATED) != 0) warnDeprecated(pos, sym);
     // What stands in front of the name must still happen, so the value is no constant then.
     Type* found =
-        sym->kind == VAR && sym->type->isConstant() && !isPlainName(selected) ? withoutValue(sym->type) : sym->type;
+        sym->kind == VAR && sym->type->isConstant() && !isPlainSelection(this) ? withoutValue(sym->type) : sym->type;
     return type = checkAssignable(pos, found, pt);
 }
 

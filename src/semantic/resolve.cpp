@@ -56,9 +56,13 @@ Symbol* ambiguityError(Symbol* sym1, Symbol* sym2) {
     return failure;
 }
 
-/// Keeps the better of two outcomes: something real, or else the failure of the lower kind.
+/// The better of two outcomes: something real, or else the failure of the lower kind.
+Symbol* betterOf(Symbol* best, Symbol* other) {
+    return other->exists() || (!best->exists() && other->kind < best->kind) ? other : best;
+}
+
 void keepBetter(Symbol*& best, Symbol* other) {
-    if (other->exists() || (!best->exists() && other->kind < best->kind)) best = other;
+    best = betterOf(best, other);
 }
 
 /// Applies `visit` to each interface of the class and of its superclasses, until it gives true.
@@ -301,6 +305,12 @@ Symbol* findMemberType(Env* env, ClassSymbol* c, Name* name) {
         else if (best->kind > ACCESS_ERROR)
             best = accessError(sym);
     }
+    eachInterface(c, [&](ClassSymbol* i) {
+        Symbol* found = findMemberType(env, i, name);
+        bool second = best->exists() && found->exists() && best != found;
+        best = second ? ambiguityError(best, found) : betterOf(best, found);
+        return second;
+    });
     return best;
 }
 
@@ -332,24 +342,26 @@ Symbol* inScope(Env* env, Scope* scope, Name* name) {
     return loadClass(env, entry->sym->fullName());
 }
 
-/// A class that on-demand imports bring, the last import first.
+/// A class that on-demand imports bring, the last import first. Those that are not accessible are not imported, so they
+/// only count if there is no other.
 Symbol* findStarImported(Env* env, Name* name) {
     const CompilationUnit* unit = env->toplevel;
-    const Symbol* first = nullptr;
-    auto meet = [&](Symbol* entry) -> Symbol* {
-        if (entry->scope == nullptr) return nullptr;
-        if (first == nullptr)
-            first = entry->sym;
-        else if (entry->sym->fullName() != first->fullName())
-            return ambiguityError(const_cast<Symbol*>(first), entry->sym);
-        return nullptr;
+    Symbol* best = typeNotFound();
+    Symbol* first = nullptr;
+    auto isOther = [&](const Symbol* entry) {
+        return entry->scope != nullptr && (first == nullptr || entry->sym->fullName() != first->fullName());
+    };
+    auto meet = [&](Symbol* entry) {
+        if (best->kind == AMBIGUOUS || !isOther(entry)) return;
+        Symbol* found = loadClass(env, entry->sym->fullName());
+        best = best->exists() && found->exists() ? ambiguityError(first, entry->sym) : betterOf(best, found);
+        if (best == found) first = entry->sym;
     };
     for (Symbol* entry = unit->starImports->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
-        if (Symbol* failure = meet(entry)) return failure;
+        meet(entry);
     for (const PackageList* list = unit->starPackages; list != nullptr; list = list->tail)
-        if (list->head->members != nullptr)
-            if (Symbol* failure = meet(list->head->members->lookup(name))) return failure;
-    return first == nullptr ? typeNotFound() : loadClass(env, first->fullName());
+        if (list->head->members != nullptr) meet(list->head->members->lookup(name));
+    return best;
 }
 
 /// A class that is visible from the classes around the place.

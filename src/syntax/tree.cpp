@@ -25,12 +25,13 @@ Tree* Tree::erroneous() {
     return &shared;
 }
 
-bool isPlainName(const Tree* qualifier) {
-    if (qualifier->tag == treetag::SELECT) {
-        const Symbol* sym = static_cast<const Select*>(qualifier)->sym;
-        return sym == nullptr || sym->kind != VAR;
-    }
-    return qualifier->tag == treetag::IDENT || qualifier->tag == treetag::THIS || qualifier->tag == treetag::SUPER;
+bool isPlainSelection(const Select* select) {
+    const Tree* qualifier = select->selected;
+    if (qualifier->tag == treetag::THIS || qualifier->tag == treetag::SUPER) return true;
+    if (qualifier->tag != treetag::IDENT && qualifier->tag != treetag::SELECT) return false;
+    const Symbol* sym = static_cast<const NamedTree*>(qualifier)->sym;
+    if (sym == nullptr || sym->kind != VAR) return true;
+    return qualifier->tag == treetag::IDENT && select->sym->isStatic(); // else it may be null
 }
 
 NamedTree::NamedTree(int pos_, int tag_, Name* name_)

@@ -734,9 +734,9 @@ public:
     Tree* cond;
 };
 
-/// Whether evaluating the qualifier does nothing: a name of one part, a class or package name, `this` or `super`. Only
-/// through such a qualifier a constant is part of a constant expression.
-bool isPlainName(const Tree* qualifier);
+/// Whether the qualifier needs no evaluation when a constant is selected: a class or package name, `this` or `super`,
+/// or for a static constant also a name of one part. Only then the constant is part of a constant expression.
+bool isPlainSelection(const Select* select);
 
 /// The source text of an operator node's operator ("+", "=" less for a compound assignment); entered once.
 Name* operatorName(int tag);

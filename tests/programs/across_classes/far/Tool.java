@@ -1,0 +1,5 @@
+package far;
+
+public class Tool {
+    public static String name() { return "far.Tool"; }
+}

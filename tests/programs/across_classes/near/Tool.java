@@ -1,0 +1,5 @@
+package near;
+
+/** Not imported by anyone's on-demand import. */
+class Tool {
+}
