@@ -161,8 +161,8 @@ bool isOutOfReach(MessageId id) {
     case messages::incompatibleReturnType:
     // Attribution refuses such a variable before lowering finds it.
     case messages::notFinalInInnerClass: return true;
-    // 481 goes with the lowering of inner classes; behind it come files, start-up, evaluator and make engine.
-    default: return messageNumber(id) == 481 || messageNumber(id) >= messageNumber(messages::cannotRead);
+    // Files, start-up, evaluator and make engine.
+    default: return messageNumber(id) >= messageNumber(messages::cannotRead);
     }
 }
 
