@@ -6,7 +6,7 @@ namespace tarn {
 namespace pooltag {
 enum : int {
     UTF8 = 1,
-    UNICODE = 2, ///< never used, and not in the specification any more
+    UNICODE = 2, ///< never used, and later dropped from the format
     INTEGER = 3,
     FLOAT = 4,
     LONG = 5, ///< takes two indices, as does DOUBLE
