@@ -32,6 +32,9 @@ public:
     void markLine(int pc, int line);
     void addLocalVar(VarSymbol* symbol, int start, int end);
 
+    /// Whether the class file has room for the instructions and the variables so far.
+    [[nodiscard]] bool fits() const { return cp <= 0xffff && maxLocals <= 0xffff; }
+
     /// The register of a variable index.
     [[nodiscard]] int registerOf(int index) const {
         int entry = registers[static_cast<std::size_t>(index)];

@@ -87,6 +87,7 @@ void Emitter::startCode(MethodSymbol* method, bool fatcode) {
     fixedPc = false;
     stackSize = 0;
     chains_.release();
+    spareChains_ = nullptr;
     copies_.release();
     leavingJumps_.clear();
     gaps_.clear();
@@ -259,13 +260,22 @@ void Emitter::entryPoint(int stack, const Bits& unset, const Bits& set) {
 }
 
 Chain* Emitter::newChain(int stack) {
-    Chain* chain = chains_.take();
+    Chain* chain = spareChains_;
+    if (chain != nullptr)
+        spareChains_ = chain->next;
+    else
+        chain = chains_.take();
     chain->pc = code->cp;
     chain->next = nullptr;
     chain->stack = stack;
     chain->cut = false;
-    chain->unset = maybeUnset;
-    chain->set = maybeSet;
+    if (code->fits()) {
+        chain->unset = maybeUnset;
+        chain->set = maybeSet;
+    } else { // refused in any case, and there is no end to what a hostile source could make us copy
+        chain->unset.clear();
+        chain->set.clear();
+    }
     return chain;
 }
 
@@ -317,9 +327,13 @@ void Emitter::resolve(Chain* chain, int target) {
         }
         fixedPc = true;
     }
-    if (code->cp != target) return;
-    for (const Chain* node = chain; node != nullptr; node = node->next)
-        if (!node->cut) join(node);
+    Chain* last = chain;
+    for (Chain* node = chain; node != nullptr; node = node->next) {
+        if (code->cp == target && !node->cut) join(node);
+        last = node;
+    }
+    last->next = spareChains_;
+    spareChains_ = chain;
 }
 
 void Emitter::join(const Chain* chain) {

@@ -22,7 +22,7 @@ class Try;
 ///
 /// Each node keeps the operand stack's height and copies of both assignment sets as they stood at its jump, so that
 /// resolving the chain joins the flow states by plain union. A node belongs to one chain only, which lets two chains be
-/// joined by linking them. Nodes live until the next method.
+/// joined by linking them. Nodes live until they are resolved.
 struct Chain {
     int pc = 0;            ///< offset of the jump's opcode; of the `goto_w` of a wide conditional jump
     Chain* next = nullptr; ///< null at the end
@@ -160,7 +160,7 @@ public:
     void emitJump(Chain* chain, int opcode);
     /// A node for a jump from the current place, in no chain.
     Chain* newChain(int stack);
-    /// Lets the jumps lead to the current place, and joins their states with the current one.
+    /// Lets the jumps lead to the current place, and joins their states with the current one. That is the end of them.
     void resolve(Chain* chain) { resolve(chain, code->cp); }
     /// Lets the jumps lead to `target`, a pc behind them or, with an empty stack, before them.
     void resolve(Chain* chain, int target);
@@ -289,6 +289,7 @@ private:
     std::vector<int> rangeStart_;  ///< start of the open range by variable index, -1 for none
     std::vector<int> rangeEnd_;    ///< where its variable became unassigned, -1 if it has not
     Recycled<Chain> chains_;
+    Chain* spareChains_ = nullptr; ///< resolved ones of this method, for its next jumps
     Recycled<BitsCopy> copies_;
     std::array<Symbol*, TYPE_TAGS> valueOf_{}; ///< found already in this class, by tag of the argument
     Symbol* concat_ = nullptr;
