@@ -7,12 +7,12 @@ class Unimplemented implements Runnable {
 // error 454 (6:1): class Unimplemented should be declared abstract; it does not define method run() in interface java.lang.Runnable
 }
 
-abstract class Stubs implements Runnable {
+abstract class Deferring implements Runnable {
     void call() { run(); }
 }
 
-class StillMissing extends Stubs {
-// error 454 (14:1): class StillMissing should be declared abstract; it does not define method run() in class Stubs
+class StillMissing extends Deferring {
+// error 454 (14:1): class StillMissing should be declared abstract; it does not define method run() in class Deferring
 }
 
 class Bodies {
