@@ -241,6 +241,8 @@ TypeList* ClassReader::readExceptions() {
 /// An entry without an outer class or a name is that of a local or anonymous class and tells nothing of use. Nor is an
 /// entry believed whose outer class hasn't the shorter name: the language gives a member class the name of the class
 /// around it and more, so that no chain of entries can lead back to where it began.
+///
+/// The entry of a local class may have both, but its name has a number in it, and nobody can name it as a member.
 void ClassReader::readInnerClasses(ClassSymbol* c) {
     std::uint32_t count = nextShort();
     need(8 * std::size_t{count});
@@ -257,8 +259,8 @@ void ClassReader::readInnerClasses(ClassSymbol* c) {
         context().innerClasses[flat] = {.outer = around, .name = name, .flags = flags};
         if (around->flatName != c->flatName) continue;
         ClassSymbol* member = classAt(inner);
-        c->members->enter(member->alias(name));
         member->owner = c;
+        if (flat == formFlatName(name, c)) c->members->enter(member->alias(name));
     }
 }
 

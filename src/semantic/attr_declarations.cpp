@@ -127,6 +127,7 @@ Type* ClassDef::attr(Env* outer, int, Type* pt) {
     if (isReached && (localScope == nullptr || clinit != nullptr)) return type; // done, or under way
     if (!isReached) {
         enter(outer);
+        if (tag == treetag::ERRONEOUS) return type;
         memberEnter(outer);
     }
     ClassSymbol* c = classSymbol();

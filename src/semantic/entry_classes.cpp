@@ -96,6 +96,7 @@ ClassSymbol* takeOver(int pos, ClassSymbol* made, bool& isNew) {
 }
 
 void enterMemberClass(ClassDef* tree, ClassSymbol* c, Env* env) {
+    context().sourceClasses[c->flatName] = c;
     context().innerClasses[c->flatName] = {c->owner->enclClass(), tree->name, c->flags & 0xFFFF};
     Symbol* entry = c->alias(tree->name);
     if (checkUnique(tree->pos, entry, env->scope)) env->scope->enter(entry);
