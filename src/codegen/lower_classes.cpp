@@ -66,7 +66,10 @@ void Lowering::translateClass(ClassDef* tree, Place* outer) {
     auto* place = make_.arena().make<Place>(Place{.outer = outer, .tree = tree, .c = c});
     classes_[c].place = place;
     tree->body->stats = translateStats(tree->body->stats, place);
-    if (outer != nullptr) movedClasses_.push_back(tree);
+    if (outer != nullptr) {
+        classes_[c].number = movedClasses_.size();
+        movedClasses_.push_back(tree);
+    }
     make_.setCurrentClass(previous);
 }
 
@@ -176,18 +179,17 @@ void Lowering::enterMemberClasses() {
 /// Brings the members into the order of the class file: the member classes, and then the definitions as they stand.
 void Lowering::orderMembers(ClassDef* tree) {
     ClassSymbol* c = tree->classSymbol();
-    std::unordered_map<const Symbol*, Symbol*> entries;
-    for (Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling) entries[entry->sym] = entry;
     std::vector<Symbol*> ordered;
-    auto take = [&](const Symbol* sym) {
-        auto found = entries.find(sym);
-        if (found == entries.end()) return;
-        ordered.push_back(found->second);
-        entries.erase(found);
-    };
-    for (Tree* moved : movedClasses_) take(static_cast<ClassDef*>(moved)->sym);
-    for (Tree* def : tree->body->stats)
-        if (def->tag == treetag::VARDEF || def->tag == treetag::METHODDEF) take(static_cast<Def*>(def)->sym);
+    for (Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling)
+        if (entry->sym->kind == TYP) ordered.push_back(entry);
+    std::sort(ordered.begin(), ordered.end(), [this](const Symbol* a, const Symbol* b) {
+        return classes_[static_cast<ClassSymbol*>(a->sym)].number < classes_[static_cast<ClassSymbol*>(b->sym)].number;
+    });
+    for (Tree* def : tree->body->stats) {
+        if (def->tag != treetag::VARDEF && def->tag != treetag::METHODDEF) continue;
+        Symbol* sym = static_cast<Def*>(def)->sym;
+        if (sym->scope == c->members) ordered.push_back(sym);
+    }
     c->members->setOrder(ordered);
 }
 

@@ -41,6 +41,7 @@ private:
     // What lowering adds to a class.
     struct ClassInfo {
         Place* place = nullptr;
+        std::size_t number = 0;          ///< of an inner class, among those that were moved
         VarSymbol* outerField = nullptr; ///< `this0`; null until needed
         std::vector<Captured> captured;  ///< oldest first
         std::vector<MethodDef*> constructors;
