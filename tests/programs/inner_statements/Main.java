@@ -1,58 +1,145 @@
-/** Every kind of statement in an inner class, with the variables of the class around it. */
+import java.io.IOException;
+
 public class Main {
-    private Object lock = new Object();
-    private int state;
-    private boolean flag;
-    private String s;
-    private Object o = "str";
-    private static Main inst() { return new Main(); }
-    class W extends Thread {
-        private volatile int n;
-        public void run() {
-            synchronized (lock) {
-                state++;
+    static void io(String s) throws IOException { if (s == null) throw new IOException("null"); }
+    interface Maker { Object make() throws Exception; }
+
+    // labels reused inside a local class's method
+    static int labels() {
+        int n = 0;
+        outer:
+        for (int i = 0; i < 3; i++) {
+            class Local {
+                int g() {
+                    int k = 0;
+                    outer:
+                    while (true) { if (++k > 3) break outer; else continue outer; }
+                    return k;
+                }
             }
-            synchronized (Main.this) {
-                state += n;
-            }
-            switch (state) {
-                case 0:
-                    flag = true;
-                    break;
-                case 1:
-                    flag = !flag;
-                default:
-                    s = "d" + state;
-            }
-            if (flag && state > 0 || s == null) s += flag ? "T" : state == 3 ? "3" : "F";
-            try {
-                if (o instanceof String) throw(RuntimeException)((Object) new RuntimeException((String) o));
-            } catch (RuntimeException e) {
-                s += e.getMessage();
-            } finally {
-                state = -state;
-                flag |= state < 0;
-            }
-            do {
-                state++;
-            } while (state < 0);
-            for (state = 0, n = 5; state < 3; state++, n--) {
-                if (state == 1) continue;
-                s += state;
-            }
-            while (state-- > 0) s += state;
-            int[] x = {state, state++, ++state};
-            s += x[0] + x[1] + x[2];
-            s = (s == null ? "null" : s) + (flag = false);
-            o = (Object) (n > 0 ? s : null);
+            n += new Local().g();
+            if (i == 1) continue outer;
+            n += 100;
+        }
+        return n;
+    }
+
+    // anonymous class whose initializers throw what is handled around
+    static String anonymous() {
+        try {
+            Object o = new Object() {
+                String s = check();
+                { io(null); }
+                String check() throws IOException { io("x"); return "checked"; }
+            };
+            return "made " + o;
+        } catch (IOException e) {
+            return "caught " + e.getMessage();
         }
     }
-    public static void main(String[] a) throws Exception {
-        Main m = inst();
-        W w = m.new W();
-        w.n = 3;
-        w.start();
-        w.join();
-        System.out.println(m.s + " " + m.state + " " + m.flag + w.n + m.o);
+
+    static class Base {
+        final Runnable r;
+        Base(Runnable r) { this.r = r; }
+        Base(Object[] a, int[] b) { this.r = null; System.out.println(a.length + b.length); }
+    }
+    static class Derived extends Base {
+        int own = 7;
+        Derived(final int x) {
+            super(new Runnable() {
+                int field = x + 1;
+                public void run() { System.out.println("run " + field + helper()); }
+                int helper() { return field * 2; }
+            });
+        }
+    }
+
+    class AllDeclare {
+        int f;
+        { io("y"); f = 3; }
+        int g = init();
+        int init() throws IOException { return f + 1; }
+        AllDeclare() throws IOException { }
+        AllDeclare(int i) throws Exception { f = i; }
+    }
+
+    static int switches(int x) {
+        int r = 0;
+        switch (x) {
+        case 1: int y = 5; r = y; break;
+        case 2: y = 6; r = y;
+        default: { int z = 9; r += z; }
+        }
+        int y = 100;
+        switch (x) { case 3: int q = 1; r += q; }
+        { int q = 50; r += q; }
+        return r + y;
+    }
+
+    static String tries() {
+        StringBuffer b = new StringBuffer();
+        for (int i = 0; i < 4; i++) {
+            try {
+                try {
+                    if (i == 0) continue;
+                    if (i == 1) throw new IllegalStateException("a");
+                    if (i == 2) io(null);
+                    if (i == 3) break;
+                } catch (IllegalStateException e) {
+                    b.append("ise,");
+                } finally {
+                    b.append("fin").append(i).append(',');
+                    class InFinally { public String toString() { return "L"; } }
+                    b.append(new InFinally());
+                }
+            } catch (IOException e) {
+                b.append("io,");
+            }
+        }
+        return b.toString();
+    }
+
+    final int blank;
+    { class Loc { int v = 4; } blank = new Loc().v; }
+    static final Object O = "constant object";
+    static final String S = "const" + 1;
+    static final byte B = 10;
+    static final char C = 'a' + 1;
+    final int again = new Object() { int f() { return again2(); } int again2() { return 11; } }.f();
+
+    void innerThrow() throws Exception {
+        AllDeclare a = new AllDeclare();
+        System.out.println(a.f + " " + a.g);
+        a = this.new AllDeclare(9);
+        System.out.println(a.f + " " + a.g);
+    }
+
+    static int doWhile() {
+        int i = 0;
+        do { if (i == 3) break; i++; } while (i < 10);
+        for (int j = 0, k = 10; j < k; j++, k--) i += k - j;
+        return i;
+    }
+
+    static Object sync(Object lock, int v) {
+        synchronized (lock) {
+            if (v > 0) return "sync" + v;
+        }
+        return null;
+    }
+
+    public static void main(String[] args) throws Exception {
+        System.out.println(labels());
+        System.out.println(anonymous());
+        new Derived(4).r.run();
+        new Base(new Object[2], new int[3]) { { System.out.println("anonymous base"); } };
+        System.out.println(switches(1) + " " + switches(2) + " " + switches(3));
+        System.out.println(tries());
+        System.out.println(new Main().blank + " " + O + S + B + C + new Main().again);
+        new Main().innerThrow();
+        System.out.println(doWhile());
+        System.out.println(sync(args, 3) + "" + sync(args, -1));
+        Maker m = new Maker() { public Object make() throws IOException { io("z"); return "made"; } };
+        System.out.println(m.make());
     }
 }
