@@ -143,6 +143,9 @@ Symbol* selectInClass(Select* tree, ClassSymbol* site, int pkind, Type* pt, Env*
     bool fromClass = isClassName(tree->selected) || tree->selected->tag == treetag::SUPER;
     env->isSelectSuper = fromClass;
     Symbol* sym = resolve::findIdentInType(site, tree->name, pt->argTypes(), pkind, env);
+    // A member class may be inherited by a class whose supertypes are not known yet.
+    if (!sym->exists() && (pkind & TYP) != 0 && entry::completeIdle(site))
+        sym = resolve::findIdentInType(site, tree->name, pt->argTypes(), pkind, env);
     if (!sym->exists()) {
         Symbol* other = findInPackageOfSameName(tree, pkind, env);
         sym = other != nullptr ? other : resolve::accessSym(sym, tree->pos, site, pt->argTypes(), tree->name);

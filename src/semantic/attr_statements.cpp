@@ -39,14 +39,6 @@ void preferPrefix(Tree* expression) {
 
 namespace {
 
-/// What is contained in both lists: of a class and its superclass, one in each, the subclass.
-TypeList* commonExceptions(TypeList* a, TypeList* b) {
-    TypeList* common = TypeList::intersect(a, b);
-    for (TypeList* each = TypeList::intersect(b, a); each != nullptr; each = each->tail)
-        common = TypeList::incl(common, each->head);
-    return common;
-}
-
 /// An initializer may throw what every constructor declares. That of an anonymous class, whose constructor nobody
 /// writes, may throw what may be thrown where the class is created.
 TypeList* handledByConstructors(const Env* env) {
@@ -57,7 +49,7 @@ TypeList* handledByConstructors(const Env* env) {
     if (constructor->scope != members) return nullptr;
     TypeList* handled = constructor->sym->type->thrown();
     for (constructor = constructor->nextEntry(); constructor->scope == members; constructor = constructor->nextEntry())
-        handled = commonExceptions(handled, constructor->sym->type->thrown());
+        handled = TypeList::common(handled, constructor->sym->type->thrown());
     return handled;
 }
 

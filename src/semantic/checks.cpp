@@ -167,6 +167,16 @@ void addStub(ClassDef* tree, MethodSymbol* a) {
     def->memberEnter(tree->env);
 }
 
+bool isStub(const ClassDef* tree, const MethodSymbol* m) {
+    return m->owner == tree->sym && m->pos == tree->pos && m->isAbstract();
+}
+
+/// A stub that stands for the methods of several interfaces can throw what all of them may throw.
+void narrowStub(MethodSymbol* stub, const MethodSymbol* a) {
+    TypeList* thrown = TypeList::common(stub->type->thrown(), a->type->thrown());
+    stub->type = context().methodType(*stub->type->argTypes(), stub->type->resType(), thrown);
+}
+
 } // namespace
 
 void addInterfaceStubs(ClassDef* tree, ClassSymbol* c) {
@@ -181,6 +191,8 @@ void addInterfaceStubs(ClassDef* tree, ClassSymbol* c) {
             else if (d->type->resType() != a->type->resType())
                 reportError(tree->pos, messages::implementWithDifferentReturnType, d, d->location(), a, a->location(),
                             a->type->resType());
+            else if (isStub(tree, d))
+                narrowStub(d, a);
         }
         addInterfaceStubs(tree, i);
     }

@@ -26,11 +26,6 @@ PendingUnits& pendingUnits() {
     return table;
 }
 
-void forgetPending() {
-    pendingClasses().clear();
-    pendingUnits().clear();
-}
-
 // ---- completion on demand
 
 bool isPending(ClassSymbol* c) {
@@ -43,16 +38,26 @@ void completeClass(ClassSymbol* c) {
     if (c->owner->kind == TYP)
         completeClass(static_cast<ClassSymbol*>(c->owner));
     else if (c->owner->kind == PCK)
-        completeUnit(c->sourcePath);
+        completeImports(c->sourcePath);
     auto found = pendingClasses().find(c);
     if (found == pendingClasses().end()) return;
     ClassDef* tree = found->second;
     tree->memberEnter(tree->env->outer);
 }
 
-void completeUnit(Name* sourcePath) {
+bool completeIdle(ClassSymbol* c) {
+    if (!isPending(c)) return false;
+    for (const Symbol* around = c; around != nullptr && around->kind == TYP; around = around->owner) {
+        auto found = pendingClasses().find(static_cast<ClassSymbol*>(around->sym));
+        if (found != pendingClasses().end() && found->second->localScope != nullptr) return false;
+    }
+    completeClass(c);
+    return true;
+}
+
+void completeImports(Name* sourcePath) {
     auto found = pendingUnits().find(sourcePath);
-    if (found != pendingUnits().end()) found->second->memberEnter(nullptr);
+    if (found != pendingUnits().end()) found->second->enterImports();
 }
 
 // ---- supertypes

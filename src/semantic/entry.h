@@ -9,18 +9,30 @@ namespace tarn {
 
 /// Class entry turns declarations into symbols in two phases. `enter` makes a symbol for each class of a unit;
 /// `memberEnter` (completing a class) resolves imports and supertypes and enters fields and methods. Completion is also
-/// done on demand, whenever another class needs the members of one that is still waiting. Both are operations of the
-/// trees; these are their helpers.
+/// done on demand, whenever another class needs to know the supertypes of one that is still waiting. Both are
+/// operations of the trees; these are their helpers.
 namespace entry {
 
-/// Completes a class from source that still waits for it; does nothing for any other.
+/// Completes a class from source that still waits for it; does nothing for any other. While the clauses of another
+/// class or unit are being settled, the members of this one follow later.
 void completeClass(ClassSymbol* c);
-/// Does the `memberEnter` of the unit of that source, if it still waits for it.
-void completeUnit(Name* sourcePath);
+/// Completes the class if it waits for it and is not under way, nor a class around it; tells whether it did.
+bool completeIdle(ClassSymbol* c);
+/// Resolves the imports of the unit of that source, if they still wait for it.
+void completeImports(Name* sourcePath);
 /// Whether the class is entered from source and its supertypes are not settled yet.
 bool isPending(ClassSymbol* c);
 /// Forgets what a compile that was broken off left waiting.
 void forgetPending();
+
+/// While it lives, clauses are being settled, and no members are entered.
+class ScopedClauses {
+public:
+    ScopedClauses();
+    ~ScopedClauses();
+    ScopedClauses(const ScopedClauses&) = delete;
+    ScopedClauses& operator=(const ScopedClauses&) = delete;
+};
 
 enum class BaseRole { EXTENDS = 1, IMPLEMENTS = 2 };
 /// Attributes a clause of `extends` or `implements` and checks that it fits there; gives its class also after an error.

@@ -13,8 +13,8 @@
 #include <algorithm>
 #include <string>
 
-// Entry of units and classes: `enter` makes the symbols, `memberEnter` resolves imports and supertypes and enters the
-// members. A class is completed at most once, by its unit or by whoever needs it first.
+// Entry of units and classes: `enter` makes the symbols, `memberEnter` of a unit resolves its imports and completes its
+// classes.
 
 namespace tarn {
 
@@ -225,12 +225,21 @@ void importAllPackage(int pos, CompilationUnit* unit, ClassSymbol* package) {
 
 } // namespace
 
-void CompilationUnit::memberEnter(Env*) {
+void CompilationUnit::enterImports() {
     if (pendingUnits().erase(sourcePath()) == 0) return;
     ScopedSource here(source);
+    ScopedClauses clauses;
     Symbol* javaLang = resolve::resolvePackage(pos, names().javaLang, nullptr);
     if (javaLang->kind == PCK) importAllPackage(pos, this, static_cast<ClassSymbol*>(javaLang));
-    for (Tree* def : defs) def->memberEnter(env);
+    for (Tree* def : defs)
+        if (def->tag != treetag::CLASSDEF) def->memberEnter(env);
+}
+
+void CompilationUnit::memberEnter(Env*) {
+    enterImports();
+    ScopedSource here(source);
+    for (Tree* def : defs)
+        if (def->tag == treetag::CLASSDEF) def->memberEnter(env);
 }
 
 void Import::memberEnter(Env* env) {
@@ -254,118 +263,6 @@ void Import::memberEnter(Env* env) {
     }
     Type* imported = tree->attr(env, TYP, anythingType);
     if (imported->tag == typetag::CLASS) importSym(unit->namedImports, memberAlias(imported->tsym));
-}
-
-// ---- completion of a class
-
-namespace {
-
-/// Takes the class from those that wait, however its clauses end.
-class ScopedCompletion {
-public:
-    explicit ScopedCompletion(ClassSymbol* c) : class_(c) {}
-    ~ScopedCompletion() { pendingClasses().erase(class_); }
-    ScopedCompletion(const ScopedCompletion&) = delete;
-    ScopedCompletion& operator=(const ScopedCompletion&) = delete;
-
-private:
-    ClassSymbol* class_;
-};
-
-void enterSuperclass(ClassDef* tree, ClassSymbol* c) {
-    if (tree->extending != nullptr) {
-        ClassSymbol* base = attribBase(tree->env, tree->extending, BaseRole::EXTENDS);
-        if (c->superclass == nullptr) c->superclass = base;
-    } else if (!c->isRootClass()) {
-        c->superclass = context().objectClass;
-        completeClass(c->superclass);
-    }
-}
-
-void enterInterfaces(ClassDef* tree, ClassSymbol* c) {
-    std::span<ClassSymbol*> interfaces = context().arena.makeArray<ClassSymbol*>(tree->implementing.size());
-    std::size_t count = 0;
-    bool cyclic = false;
-    for (Tree* clause : tree->implementing) {
-        ClassSymbol* i = attribBase(tree->env, clause, BaseRole::IMPLEMENTS);
-        auto known = interfaces.first(count);
-        if (std::find(known.begin(), known.end(), i) != known.end()) reportError(clause->pos, messages::repeated, i);
-        interfaces[count++] = i;
-        cyclic = cyclic || tree->brokenCycle;
-    }
-    if (!cyclic) c->interfaces = interfaces;
-}
-
-std::uint32_t declaredFlags(const Tree* def) {
-    switch (def->tag) {
-    case treetag::VARDEF:
-    case treetag::METHODDEF:
-    case treetag::CLASSDEF: return static_cast<const Def*>(def)->flags;
-    default: return 0;
-    }
-}
-
-/// An inner class can't have static members.
-void checkNoStatics(ClassDef* tree, ClassSymbol* c, const Tree* def) {
-    if (c->owner->kind == PCK || c->isInterface() || (tree->flags & flag::STATIC) != 0) return;
-    if ((declaredFlags(def) & flag::STATIC) != 0) reportError(def->pos, messages::innerClassWithStaticMember);
-}
-
-void checkClashWithImport(ClassDef* tree, ClassSymbol* c, const CompilationUnit* unit) {
-    if (c->owner->kind != PCK) return;
-    Symbol* imported = unit->namedImports->lookup(tree->name);
-    if (imported->scope == unit->namedImports && imported->sym != c)
-        reportError(tree->pos, messages::clashesWithImport, tree->name, imported->sym);
-}
-
-} // namespace
-
-void ClassDef::memberEnter(Env*) {
-    if (tag == treetag::ERRONEOUS) return;
-    ClassSymbol* c = classSymbol();
-    if (!isPending(c)) return;
-    ScopedSource here(env->toplevel->source);
-    if (localScope != nullptr) { // reached from its own clauses
-        reportError(pos, messages::cyclicInheritance, c);
-        c->superclass = context().objectClass;
-        c->interfaces = {};
-        brokenCycle = true;
-        return;
-    }
-    c->superclass = nullptr;
-    c->interfaces = {};
-    localScope = Scope::make(nullptr, nullptr);
-    {
-        ScopedCompletion guard(c);
-        enterSuperclass(this, c);
-        enterInterfaces(this, c);
-        checkCyclic(pos, c);
-    }
-    addDefaultConstructor();
-    if (hasErroneousSupertype(c)) return;
-    for (Tree* def : body->stats) {
-        checkNoStatics(this, c, def);
-        def->memberEnter(env);
-    }
-    if (c->isAbstract() && !c->isInterface()) checks::addInterfaceStubs(this, c);
-    checkClashWithImport(this, c, env->toplevel);
-}
-
-void ClassDef::addDefaultConstructor() {
-    if (sym->isInterface()) return;
-    for (const Tree* def : body->stats)
-        if (def->tag == treetag::METHODDEF && static_cast<const MethodDef*>(def)->name == names().init) return;
-    Arena& arena = env->toplevel->arena;
-    auto* empty = arena.make<Block>(pos, Trees{});
-    prepend(arena, arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, sym->flags & ACCESS_FLAGS,
-                                         nullptr, Trees{}, Trees{}, empty));
-}
-
-void ClassDef::prepend(Arena& arena, Tree* def) {
-    Trees longer = arena.makeArray<Tree*>(body->stats.size() + 1);
-    longer.front() = def;
-    std::copy(body->stats.begin(), body->stats.end(), longer.begin() + 1);
-    body->stats = longer;
 }
 
 } // namespace tarn

@@ -50,6 +50,12 @@ TypeList* TypeList::intersect(TypeList* a, TypeList* b) {
     return contains(b, a->head) ? context().typeList(a->head, rest) : rest;
 }
 
+TypeList* TypeList::common(TypeList* a, TypeList* b) {
+    TypeList* both = intersect(a, b);
+    for (TypeList* each = intersect(b, a); each != nullptr; each = each->tail) both = incl(both, each->head);
+    return both;
+}
+
 int TypeList::length(TypeList* list) {
     int n = 0;
     for (; list != nullptr; list = list->tail) ++n;

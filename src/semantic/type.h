@@ -56,6 +56,8 @@ struct TypeList {
     static bool equal(TypeList* a, TypeList* b);
     /// The members of `a` that are contained in `b`, in order.
     static TypeList* intersect(TypeList* a, TypeList* b);
+    /// What is contained in both lists: of a class and its superclass, one in each, the subclass.
+    static TypeList* common(TypeList* a, TypeList* b);
     static int length(TypeList* list);
     /// The members joined by ", ".
     static std::string toString(TypeList* list);

@@ -267,6 +267,9 @@ public:
     void genClass(const StoreRef& outputDirectory);
     /// Sorts the members: initializers and field initializers become code of constructors and of `<clinit>`.
     void normalizeDefs();
+    /// Completion, step by step: settles the supertypes; enters the members.
+    void enterClauses(ClassSymbol* c);
+    void enterMembers();
     void addDefaultConstructor();
     /// Whether this is the body of a creation; its name is a number then.
     [[nodiscard]] bool isAnonymous() const {
@@ -306,6 +309,8 @@ public:
     void print(int precedence) override;
     /// Enters the unit, which needs no environment.
     void enter() { enter(nullptr); }
+    /// Resolves the imports, once.
+    void enterImports();
     /// Attributes the definitions, with the unit's source as the reporter's.
     void attribute();
     /// The full name of the source, by which the unit is found.

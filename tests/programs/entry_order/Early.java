@@ -1,0 +1,3 @@
+class Early {
+    LateUser.Kept kept = new LateUser.Kept();
+}

@@ -1,0 +1,3 @@
+class XUser extends YUser.In {
+    Own own = new Own();
+}
