@@ -232,10 +232,7 @@ void Emitter::checkNotNull() {
 
 void Emitter::markDead() {
     alive = false;
-    if (debugInfo_) {
-        for (int i = 0; i < code->nextVar; i++)
-            if (maybeUnset.isMember(i)) leavesUnset(i);
-    }
+    if (debugInfo_) maybeUnset.eachMember([this](int index) { leavesUnset(index); });
     maybeUnset.clear();
     maybeSet.clear();
 }
@@ -515,12 +512,12 @@ bool Emitter::isTracked(int index) const {
 }
 
 void Emitter::trackUnset(const Bits& before) {
-    for (int i = 0; i < code->nextVar; i++) {
-        bool was = before.isMember(i);
-        bool is = maybeUnset.isMember(i);
-        if (is && !was) entersUnset(i);
-        if (was && !is) leavesUnset(i);
-    }
+    maybeUnset.eachDifference(before, [&](int index) {
+        if (before.isMember(index))
+            leavesUnset(index);
+        else
+            entersUnset(index);
+    });
 }
 
 void Emitter::entersUnset(int index) {

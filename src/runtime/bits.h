@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -52,8 +55,26 @@ public:
             if (word != 0) return false;
         return true;
     }
+    /// Visits the members in ascending order.
+    template <class Visit>
+    void eachMember(Visit visit) const {
+        eachDifference(Bits(), visit);
+    }
+    /// Visits in ascending order what only one of the two sets has.
+    template <class Visit>
+    void eachDifference(const Bits& other, Visit visit) const {
+        visitWord(first_ ^ other.first_, 0, visit);
+        std::size_t words = std::max(rest_.size(), other.rest_.size());
+        for (std::size_t i = 0; i < words; ++i)
+            visitWord((i < rest_.size() ? rest_[i] : 0) ^ (i < other.rest_.size() ? other.rest_[i] : 0),
+                      static_cast<int>(i + 1) * 64, visit);
+    }
 
 private:
+    template <class Visit>
+    static void visitWord(std::uint64_t word, int base, Visit& visit) {
+        for (; word != 0; word &= word - 1) visit(base + std::countr_zero(word));
+    }
     static std::size_t wordOf(int n) { return static_cast<std::size_t>(n) / 64 - 1; }
     void inclRest(unsigned n) {
         if (rest_.size() < n / 64) rest_.resize(n / 64);
