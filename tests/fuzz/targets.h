@@ -1,0 +1,23 @@
+#pragma once
+
+#include "corpus.h"
+#include "random.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tarn::fuzz {
+
+/// One kind of hostile input. `run` makes one input of it and feeds it to the compiler; what it throws is a fault.
+struct Target {
+    std::string_view name;
+    void (*run)(const Corpus& corpus, Random& random);
+};
+
+std::span<const Target> targets();
+
+/// If not empty, each input is written below this folder before it is used.
+extern std::string saveFolder;
+
+} // namespace tarn::fuzz
