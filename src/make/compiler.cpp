@@ -49,8 +49,10 @@ TreeBuffer* parse(const StoreRef& source, TreeFactory& factory) {
 
 } // namespace
 
-CompileTask::~CompileTask() {
+void CompileTask::release() {
     if (unit != nullptr) std::destroy_at(unit); // it holds its source; all else goes with the arena
+    unit = nullptr;
+    arena = nullptr;
 }
 
 void Compiler::parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter) {
@@ -58,13 +60,13 @@ void Compiler::parseWith(const StoreRef& source, TreeFactory& factory, Reporter*
     parse(source, factory);
 }
 
-Compiler::Task Compiler::parseFile(const StoreRef& source) {
+CompileTask* Compiler::parseFile(const StoreRef& source) {
     const Options& options = context().options;
     std::string shown = source->toString();
     if (!options.quiet) printlnProgress("  compiling " + shown);
     auto start = Clock::now();
     if (options.verbose) printProgress("[parsing " + shown + " ");
-    auto task = std::make_unique<CompileTask>();
+    CompileTask* task = tasks_.emplace_back(std::make_unique<CompileTask>()).get();
     TreeBuilder builder(*task->arena);
     if (TreeBuffer* defs = parse(source, builder))
         task->unit = static_cast<CompilationUnit*>(builder.compilationUnit(defs, source));
@@ -78,6 +80,7 @@ void Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirecto
     memberQueue_.clear();
     attributeQueue_.clear();
     lowerQueue_.clear();
+    std::erase_if(tasks_, [](const auto& task) { return task->arena == nullptr; });
     entering_ = false;
     entry::forgetPending();
     outputDirectory_ = std::move(outputDirectory);
@@ -87,10 +90,10 @@ void Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirecto
     try {
         for (const StoreRef& source : sources) {
             int errors = errorCount();
-            Task task = parseFile(source);
+            CompileTask* task = parseFile(source);
             if (task->unit != nullptr) task->unit->enter();
             task->ok = errorCount() == errors;
-            memberQueue_.push_back(std::move(task));
+            memberQueue_.push_back(task);
         }
         runQueues();
     } catch (const CompileAbort&) {
@@ -115,9 +118,9 @@ void Compiler::runTasks() {
         if (!memberQueue_.empty()) {
             runMemberQueue();
         } else if (!attributeQueue_.empty()) {
-            Task task = std::move(attributeQueue_.front());
+            CompileTask* task = attributeQueue_.front();
             attributeQueue_.pop_front();
-            attributeAndGenerate(std::move(task));
+            attributeAndGenerate(task);
         } else if (!lowerQueue_.empty() && errorCount() == 0) {
             lowerAll();
         } else {
@@ -128,33 +131,34 @@ void Compiler::runTasks() {
 
 void Compiler::runMemberQueue() {
     while (!memberQueue_.empty()) {
-        Task task = std::move(memberQueue_.front());
+        CompileTask* task = memberQueue_.front();
         memberQueue_.pop_front();
-        memberEnter(std::move(task));
+        memberEnter(task);
     }
 }
 
-void Compiler::memberEnter(Task task) {
+void Compiler::memberEnter(CompileTask* task) {
     entering_ = true;
     int errors = errorCount();
     if (task->unit != nullptr) task->unit->memberEnter(nullptr);
     if (errorCount() != errors) task->ok = false;
-    attributeQueue_.push_back(std::move(task));
+    attributeQueue_.push_back(task);
     entering_ = false;
 }
 
-void Compiler::attributeAndGenerate(Task task) {
+void Compiler::attributeAndGenerate(CompileTask* task) {
     CompilationUnit* unit = task->unit;
     if (unit == nullptr) return;
     unit->attribute();
     if (task->ok && errorCount() == 0 && unit->hasInnerClasses)
-        lowerQueue_.push_back(std::move(task));
+        lowerQueue_.push_back(task);
     else
         generate(*task);
 }
 
-/// Generates the classes of the unit, unless there were errors.
-void Compiler::generate(const CompileTask& task) {
+/// Generates the classes of the unit and lets go of its trees, unless there were errors: then some of its classes may
+/// not have been attributed, and others may still come upon their trees.
+void Compiler::generate(CompileTask& task) {
     CompilationUnit* unit = task.unit;
     if (task.ok && errorCount() == 0) {
         ScopedSource here(unit->source);
@@ -162,6 +166,7 @@ void Compiler::generate(const CompileTask& task) {
             if (def->tag == treetag::CLASSDEF) static_cast<ClassDef*>(def)->genClass(outputDirectory_);
     }
     if (!task.onDemand) cloneForMake(*unit);
+    if (errorCount() == 0) task.release();
 }
 
 /// The make engine keeps a lean copy of each class, so that the trees can go.
@@ -175,13 +180,13 @@ void Compiler::cloneForMake(CompilationUnit& unit) {
 
 /// Lowers and generates the units that have waited for it.
 void Compiler::lowerAll() {
-    std::deque<Task> tasks = std::exchange(lowerQueue_, {});
+    std::deque<CompileTask*> tasks = std::exchange(lowerQueue_, {});
     Lowering lowering;
-    for (const Task& task : tasks) {
+    for (const CompileTask* task : tasks) {
         ScopedSource here(task->unit->source);
         lowering.lower(task->unit);
     }
-    for (const Task& task : tasks) generate(*task);
+    for (CompileTask* task : tasks) generate(*task);
 }
 
 // ---- on demand
@@ -189,7 +194,7 @@ void Compiler::lowerAll() {
 void Compiler::compileOnDemand(const StoreRef& source) {
     StoreRef previous = currentSource();
     int errors = errorCount();
-    Task task;
+    CompileTask* task = nullptr;
     if (context().initialized) {
         task = parseFile(source);
     } else {
@@ -199,7 +204,7 @@ void Compiler::compileOnDemand(const StoreRef& source) {
     if (task != nullptr && task->unit != nullptr) {
         task->unit->enter();
         task->onDemand = true;
-        memberQueue_.push_back(std::move(task));
+        memberQueue_.push_back(task);
         if (!entering_) runMemberQueue();
     }
     if (errorCount() != errors) throw CompileAbort{};

@@ -19,10 +19,13 @@ struct CompileTask {
     CompileTask() = default;
     CompileTask(const CompileTask&) = delete;
     CompileTask& operator=(const CompileTask&) = delete;
-    ~CompileTask();
+    ~CompileTask() { release(); }
 
-    std::unique_ptr<Arena> arena = std::make_unique<Arena>(); ///< owns the unit and its trees
-    CompilationUnit* unit = nullptr;                          ///< null if parsing gave no tree
+    /// Lets go of the unit and its trees.
+    void release();
+
+    std::unique_ptr<Arena> arena = std::make_unique<Arena>(); ///< owns the unit and its trees; null once they are gone
+    CompilationUnit* unit = nullptr;                          ///< null if parsing gave no tree, and once it is gone
     bool onDemand = false;                                    ///< added while a compile was running
     bool ok = true;                                           ///< no error while the unit was parsed or entered
 };
@@ -43,21 +46,22 @@ public:
     void compileOnDemand(const StoreRef& source);
 
 private:
-    using Task = std::unique_ptr<CompileTask>;
-
-    Task parseFile(const StoreRef& source);
+    CompileTask* parseFile(const StoreRef& source);
     void runQueues();
     void runTasks();
     void runMemberQueue();
-    void memberEnter(Task task);
-    void attributeAndGenerate(Task task);
-    void generate(const CompileTask& task);
+    void memberEnter(CompileTask* task);
+    void attributeAndGenerate(CompileTask* task);
+    void generate(CompileTask& task);
     void cloneForMake(CompilationUnit& unit);
     void lowerAll();
 
-    std::deque<Task> memberQueue_;
-    std::deque<Task> attributeQueue_;
-    std::deque<Task> lowerQueue_;
+    /// All tasks. Symbols of classes that were not compiled to the end may lead to the trees of theirs, in this batch
+    /// or a later one, so those stay.
+    std::vector<std::unique_ptr<CompileTask>> tasks_;
+    std::deque<CompileTask*> memberQueue_;
+    std::deque<CompileTask*> attributeQueue_;
+    std::deque<CompileTask*> lowerQueue_;
     StoreRef outputDirectory_;
     bool entering_ = false; ///< during the member entry of a task
 };
