@@ -83,11 +83,24 @@ std::int32_t memberFingerprint(const Symbol* member) {
     return static_cast<std::int32_t>(print);
 }
 
+namespace {
+
+/// The modifiers of a class that importers see, as it was declared: the class file of a member class has others.
+std::uint32_t visibleFlags(const ClassSymbol* c) {
+    constexpr std::uint32_t OF_TYPE = flag::FINAL | flag::INTERFACE | flag::ABSTRACT;
+    const InnerClassRecord* record = context().innerClass(c->flatName);
+    if (record != nullptr) return record->flags & (OF_TYPE | ACCESS_FLAGS | flag::STATIC);
+    return c->flags & (OF_TYPE | flag::PUBLIC);
+}
+
+} // namespace
+
 /// Overloads share one record, in which their order does not show.
 void Maker::cacheDefs(ClassNode& c) {
     const ClassSymbol* symbol = loadClass(c, false);
     c.vardefs = c.fundefs = {};
     std::int32_t print = 1;
+    c.abstracts = 0;
     for (const Symbol* entry = symbol->members->elems; entry != nullptr; entry = entry->sibling) {
         const Symbol* member = entry->sym;
         if (member->kind != VAR && member->kind != MTH) continue;
@@ -98,8 +111,10 @@ void Maker::cacheDefs(ClassNode& c) {
         else
             defs.put(graph_.arena, graph_.arena.make<DefRecord>(DefRecord{member->name, own}));
         print ^= own;
+        if (member->kind == MTH && member->isAbstract()) c.abstracts ^= own;
     }
     c.fprint = print;
+    c.flags = visibleFlags(symbol);
     c.defsCached = true;
     dropSymbol(c);
 }
@@ -156,6 +171,22 @@ void visitReferences(const ClassSymbol* c, ReferenceVisitor& visitor) {
         visitSymbol(entry->sym, visitor);
 }
 
+/// What attribution came upon, if the class was compiled just now.
+void Maker::visitUses(const ClassNode& c, ReferenceVisitor& visitor) {
+    auto visit = [&](const Name* by) {
+        auto found = uses_.find(const_cast<Name*>(by));
+        if (found == uses_.end()) return;
+        for (const NameUse& use : found->second) {
+            visitSymbol(use.used, visitor);
+            if (use.site == nullptr || use.site == use.used->owner || use.site->flatName == c.name) continue;
+            visitor.visitClass(use.site->flatName);
+            visitor.visitSite(use.site->flatName, use.used);
+        }
+    };
+    visit(c.name);
+    if (c.symbol != nullptr && c.symbol->sourcePath != nullptr) visit(c.symbol->sourcePath);
+}
+
 namespace {
 
 /// Collects the classes that a class names, but for itself.
@@ -170,6 +201,7 @@ public:
         class_.imps.put(arena_, import);
     }
     void visitMember(Name*, const Symbol*) override {}
+    void visitSite(Name*, const Symbol*) override {}
 
 private:
     Arena& arena_;
@@ -183,6 +215,7 @@ void Maker::cacheImps(ClassNode& c) {
     c.imps = {};
     ImportCollector collector(graph_.arena, c);
     visitReferences(symbol, collector);
+    visitUses(c, collector);
     auto recordOf = [&](const ClassSymbol* supertype) {
         collector.visitClass(supertype->flatName);
         return c.imps.find(supertype->flatName);
@@ -200,7 +233,7 @@ void Maker::cacheImps(ClassNode& c) {
 }
 
 /// The record of that name in the class, or in the first of its supertypes that has one; null if none has.
-const DefRecord* Maker::findDef(ClassNode& c, const Name* name, NodeTable<DefRecord> ClassNode::*defs, int depth) {
+const DefRecord* Maker::findDef(ClassNode& c, const Name* name, Definitions defs, int depth) {
     constexpr int DEEPEST = 256; // of a hierarchy; class files can have any
     if (!c.defsCached) cacheDefs(c);
     if (const DefRecord* own = (c.*defs).find(name)) return own;
@@ -221,18 +254,26 @@ public:
     MemberCollector(Arena& arena, ClassNode& c) : arena_(arena), class_(c) {}
 
     void visitClass(Name*) override {}
-    void visitMember(Name* owner, const Symbol* member) override {
-        ImportRecord* import = class_.imps.find(owner);
-        if (import == nullptr) return; // a member of its own
-        NodeTable<DefRecord>& refs = member->kind == VAR ? import->varrefs : import->funrefs;
-        if (refs.find(member->name) == nullptr)
-            refs.put(arena_, arena_.make<DefRecord>(DefRecord{.name = member->name}));
+    void visitMember(Name* owner, const Symbol* member) override { add(owner, member->kind, member->name); }
+    void visitSite(Name* site, const Symbol* member) override {
+        add(site, member->kind, Name::fromBytes(WIDE_REFERENCE + member->name->toUtf()));
     }
 
 private:
+    void add(Name* owner, int kind, Name* name) {
+        ImportRecord* import = class_.imps.find(owner);
+        if (import == nullptr) return; // a member of its own
+        NodeTable<DefRecord>& refs = kind == VAR ? import->varrefs : import->funrefs;
+        if (refs.find(name) == nullptr) refs.put(arena_, arena_.make<DefRecord>(DefRecord{.name = name}));
+    }
+
     Arena& arena_;
     ClassNode& class_;
 };
+
+bool isWide(const DefRecord* ref) {
+    return ref->name->view().front() == WIDE_REFERENCE;
+}
 
 } // namespace
 
@@ -241,6 +282,7 @@ void Maker::cacheLooseRefs(ClassNode& c) {
     for (ImportRecord* import : c.imps.nodes()) import->varrefs = import->funrefs = {};
     MemberCollector collector(graph_.arena, c);
     visitReferences(symbol, collector);
+    visitUses(c, collector);
     c.refsCached = true;
     dropSymbol(c);
 }
@@ -251,9 +293,11 @@ void Maker::cacheRefs(ClassNode& c) {
     cacheLooseRefs(c);
     for (ImportRecord* import : c.imps.nodes()) {
         ClassNode& imported = graph_.classNode(import->name);
-        auto learn = [&](NodeTable<DefRecord>& refs, NodeTable<DefRecord> ClassNode::*defs) {
-            for (DefRecord* ref : refs.nodes())
+        auto learn = [&](NodeTable<DefRecord>& refs, Definitions defs) {
+            for (DefRecord* ref : refs.nodes()) {
+                if (isWide(ref)) continue;
                 if (const DefRecord* def = findDef(imported, ref->name, defs)) ref->fprint = def->fprint;
+            }
         };
         learn(import->varrefs, &ClassNode::vardefs);
         learn(import->funrefs, &ClassNode::fundefs);
@@ -262,8 +306,9 @@ void Maker::cacheRefs(ClassNode& c) {
 
 /// The first member in use that has changed; null if none has.
 const DefRecord* Maker::strictCheckRefs(const ImportRecord& import, ClassNode& imported) {
-    auto changed = [&](const NodeTable<DefRecord>& refs, NodeTable<DefRecord> ClassNode::*defs) -> const DefRecord* {
+    auto changed = [&](const NodeTable<DefRecord>& refs, Definitions defs) -> const DefRecord* {
         for (const DefRecord* ref : refs.nodes()) {
+            if (isWide(ref)) continue;
             const DefRecord* def = findDef(imported, ref->name, defs);
             if (def == nullptr || def->fprint != ref->fprint) return ref;
         }
@@ -276,9 +321,9 @@ const DefRecord* Maker::strictCheckRefs(const ImportRecord& import, ClassNode& i
 /// The first member in use that is gone; null if none is.
 const DefRecord* Maker::looseCheckRefs(ClassNode& c, const ImportRecord& import, ClassNode& imported) {
     if (!c.refsCached) cacheLooseRefs(c);
-    auto gone = [&](const NodeTable<DefRecord>& refs, NodeTable<DefRecord> ClassNode::*defs) -> const DefRecord* {
+    auto gone = [&](const NodeTable<DefRecord>& refs, Definitions defs) -> const DefRecord* {
         for (const DefRecord* ref : refs.nodes())
-            if (findDef(imported, ref->name, defs) == nullptr) return ref;
+            if (!isWide(ref) && findDef(imported, ref->name, defs) == nullptr) return ref;
         return nullptr;
     };
     if (const DefRecord* field = gone(import.varrefs, &ClassNode::vardefs)) return field;

@@ -21,6 +21,8 @@ public:
     virtual void visitClass(Name* flatName) = 0;
     /// A field or method of the class `owner`.
     virtual void visitMember(Name* owner, const Symbol* member) = 0;
+    /// A member that was looked up in the class `site` and found in a supertype of it.
+    virtual void visitSite(Name* site, const Symbol* member) = 0;
 };
 void visitReferences(const ClassSymbol* c, ReferenceVisitor& visitor);
 

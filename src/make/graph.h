@@ -51,6 +51,15 @@ struct DefRecord {
     std::int32_t fprint = 0;
 };
 
+/// References whose name begins with a dot, which no member's does, are about more than one member of the import.
+///
+/// A dot alone stands for what the importer could see of the class as a whole: its modifiers and its supertypes, and
+/// for a subclass or implementor what these have that concerns it. It is there only if that is not what most classes
+/// look like: public (or of the importer's package), neither final nor abstract, with no supertype but Object. A dot
+/// and a name stand for all members of that name in the class and its supertypes; it is there if a member was looked up
+/// in the class and found in a supertype.
+constexpr char WIDE_REFERENCE = '.';
+
 /// What a class remembers of a class that it names: how that looked when the two were compared last.
 struct ImportRecord {
     Name* name = nullptr;         ///< flat name of the imported class
@@ -95,6 +104,8 @@ struct ClassNode {
     NodeTable<DefRecord> vardefs;        ///< its fields
     NodeTable<DefRecord> fundefs;        ///< its methods
     NodeTable<ImportRecord> imps;        ///< every class named in its constant pool, but for itself
+    std::uint32_t flags = 0;             ///< modifiers that importers see; valid with the definitions
+    std::int32_t abstracts = 0;          ///< fingerprint of its abstract methods; likewise
     ImportRecord* superclass = nullptr;  ///< one of `imps`; null for java.lang.Object
     std::span<ImportRecord*> interfaces; ///< some of `imps`
 };

@@ -16,6 +16,7 @@
 namespace tarn {
 
 class MakerClassFile;
+class ReferenceVisitor;
 class Reporter;
 
 /// What a make starts from.
@@ -92,6 +93,7 @@ public:
 
 private:
     using SourceNodes = std::vector<SourceNode*>;
+    using Definitions = NodeTable<DefRecord> ClassNode::*; ///< the fields or the methods
 
     // The make (maker.cpp)
     void makePasses(const MakeRoots& roots, bool isRestart);
@@ -131,7 +133,6 @@ private:
     int reasonOfSource(const ClassNode& c, const PackageNode& package) const;
     StoreRef classStore(ClassNode& c, PackageNode& package);
     bool isUnchecked(const PackageNode& package) const;
-    bool isAsSeen(const ImportRecord& import, const ClassNode& c) const;
     void flushClass(ClassNode& c);
 
     // Compiling (maker_compile.cpp)
@@ -147,12 +148,26 @@ private:
     void cacheImps(ClassNode& c);
     void cacheRefs(ClassNode& c);
     void cacheLooseRefs(ClassNode& c);
+    void visitUses(const ClassNode& c, ReferenceVisitor& visitor);
     const DefRecord* strictCheckRefs(const ImportRecord& import, ClassNode& imported);
     const DefRecord* looseCheckRefs(ClassNode& c, const ImportRecord& import, ClassNode& imported);
-    const DefRecord* findDef(ClassNode& c, const Name* name, NodeTable<DefRecord> ClassNode::*defs, int depth = 0);
+    const DefRecord* findDef(ClassNode& c, const Name* name, Definitions defs, int depth = 0);
     void learnFingerprint(ClassNode& c);
     ClassSymbol* loadClass(ClassNode& c, bool withPool);
     void dropSymbol(ClassNode& c);
+
+    // Wide references (wide_references.cpp)
+    bool isOfLibrary(const ClassNode& c);
+    std::vector<ClassNode*> supertypesOf(ClassNode& c);
+    std::vector<const Name*> namesIn(ClassNode& c);
+    std::int32_t shapeOf(ClassNode& importer, const ImportRecord& import, ClassNode& imported);
+    std::uint32_t inheritedFrom(const std::vector<ClassNode*>& supertypes, const std::vector<const Name*>& concerned);
+    std::int32_t allNamed(ClassNode& c, const Name* name, Definitions defs);
+    std::int32_t datesOfSupertypes(ClassNode& c, bool& areReliable);
+    bool isAsSeen(const ImportRecord& import, ClassNode& imported);
+    bool takeAsSeen(ImportRecord& import, ClassNode& imported);
+    void recordWideRefs(ClassNode& c);
+    const DefRecord* checkWideRefs(ClassNode& c, const ImportRecord& import, ClassNode& imported);
 
     Context context_;
     Graph graph_;
@@ -169,6 +184,7 @@ private:
     SourceNodes rootSources_;                     ///< null in the place of a source that was refused
     std::vector<ClassNode*>* compiled_ = nullptr; ///< written by the running batch; null if none runs
     std::vector<ClassNode*>* expected_ = nullptr; ///< asked for and compiled on demand by it; null if none runs
+    NameTableOf<std::vector<NameUse>> uses_;      ///< of classes written lately, by class, or by source for imports
     int stamp_ = 0;                               ///< number of the current pass
     int base_ = 0;                                ///< the stamp when the current make began
     bool compiling_ = false;                      ///< the compiler runs

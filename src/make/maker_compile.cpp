@@ -12,6 +12,16 @@
 
 namespace tarn {
 
+namespace {
+
+std::string shownName(const DefRecord* member) {
+    std::string name = member->name->toString();
+    if (name.front() != WIDE_REFERENCE) return name;
+    return name.size() == 1 ? "class" : name.substr(1);
+}
+
+} // namespace
+
 std::string Maker::reasonText(const ClassNode& c, int reason, const ImportRecord* import,
                               const DefRecord* member) const {
     std::string name = c.name->toString();
@@ -26,8 +36,7 @@ std::string Maker::reasonText(const ClassNode& c, int reason, const ImportRecord
     case reason::SUPERCLASS: return "superclass " + import->name->toString() + " of class " + name + " has changed";
     case reason::INTERFACE: return "interface " + import->name->toString() + " of class " + name + " has changed";
     case reason::REFERENCE:
-        return import->name->toString() + "." + member->name->toString() + " referenced by class " + name +
-               " has changed";
+        return import->name->toString() + "." + shownName(member) + " referenced by class " + name + " has changed";
     case reason::NO_REFERENCES: return "previous compile of " + name + " failed";
     default: throw InternalError("reason of a compile");
     }
@@ -105,8 +114,14 @@ void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* c
         ScopedList expectedHere(expected_, expected);
         ScopedFlag running(compiling_);
         classFile_->forgetInheritors(defs);
+        context_.uses.take();
         compiler_.compile(sources, outputDirectory_, reporter_);
     }
+    for (const ClassNode* c : written) {
+        uses_.erase(c->name);
+        uses_.erase(c->symbol->sourcePath);
+    }
+    for (const NameUse& use : context_.uses.take()) uses_[use.by].push_back(use);
     if (reporter_->errorCount() == 0)
         for (const ClassNode* c : expected)
             if (c->store == NullStore::instance()) failUnexpected(*c);
@@ -137,6 +152,8 @@ void Maker::updateClass(ClassNode& c) {
         }
         if (!isWhole) return;
         if (!c.refsCached) cacheRefs(c);
+        recordWideRefs(c);
+        uses_.erase(c.name);
     }
     c.state = stamp_ + progress::DONE;
 }

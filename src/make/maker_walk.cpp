@@ -210,19 +210,13 @@ void Maker::makeImports(const ClassNode& c, const PackageNode& package) {
     }
 }
 
-/// Whether the import's date says that nothing is to be looked at. A class that this make wrote may have the date that
-/// it had before, since dates are coarse.
-bool Maker::isAsSeen(const ImportRecord& import, const ClassNode& c) const {
-    return import.date == c.date && c.written < base_;
-}
-
 /// A class depends on all of its superclass and interfaces. Whether it was compiled.
 bool Maker::remakeForSupertypes(ClassNode& c) {
-    auto hasChanged = [this](const ImportRecord& import) {
+    auto hasChanged = [&](const ImportRecord& import) {
         ClassNode& imported = graph_.classNode(import.name);
         if (isAsSeen(import, imported)) return false;
         if (!imported.defsCached) cacheDefs(imported);
-        return import.fprint != imported.fprint;
+        return import.fprint != imported.fprint || checkWideRefs(c, import, imported) != nullptr;
     };
     if (c.superclass != nullptr && hasChanged(*c.superclass)) {
         compileClass(c, reason::SUPERCLASS, c.superclass);
@@ -244,12 +238,18 @@ bool Maker::remakeForReferences(ClassNode& c, PackageNode& package) {
         if (import.date != 0 && isAsSeen(import, imported)) continue;
         if (!imported.defsCached) cacheDefs(imported);
         bool isSame = import.date != 0 && import.fprint == imported.fprint;
+        if (const DefRecord* changed = isSame ? checkWideRefs(c, import, imported) : nullptr) {
+            compileClass(c, reason::REFERENCE, &import, changed);
+            return true;
+        }
         if (!isSame && c.sourceName != nullptr && (c.refsCached || c.source != nullptr)) {
             if (!c.refsCached) {
                 compileClass(c, reason::NO_REFERENCES);
                 return true;
             }
-            if (const DefRecord* changed = strictCheckRefs(import, imported)) {
+            const DefRecord* changed = strictCheckRefs(import, imported);
+            if (changed == nullptr) changed = checkWideRefs(c, import, imported);
+            if (changed != nullptr) {
                 compileClass(c, reason::REFERENCE, &import, changed);
                 return true;
             }
@@ -260,10 +260,7 @@ bool Maker::remakeForReferences(ClassNode& c, PackageNode& package) {
             }
             warnOfMissingSource(c, package);
         }
-        if (import.date == imported.date && isSame) continue;
-        import.fprint = imported.fprint;
-        import.date = imported.date;
-        package.relearned = package.stable;
+        if (takeAsSeen(import, imported)) package.relearned = package.stable;
     }
     return false;
 }

@@ -28,6 +28,16 @@ void recordConstant(Env* env, VarSymbol* v) {
     if (v->owner != context().predefClass && v->owner != here) here->addConstantRef(v);
 }
 
+/// Tells the make engine of a class, or of a member that was found in `site`.
+void recordUse(Env* env, Symbol* sym, ClassSymbol* site) {
+    if (!context().options.trackDependencies) return;
+    ClassSymbol* here = resolve::classOf(env);
+    bool isMember = (sym->kind == VAR || sym->kind == MTH) && sym->owner != nullptr && sym->owner->kind == TYP;
+    if (sym->kind == TYP ? sym == here : !isMember || sym->owner == here || sym->owner == context().predefClass) return;
+    Name* by = here == context().predefClass ? env->toplevel->sourcePath() : here->flatName;
+    context().uses.add({.by = by, .used = sym, .site = isMember ? site : nullptr});
+}
+
 void checkCaptured(int pos, Env* env, VarSymbol* v) {
     if (v->owner->kind != MTH || env->scope->owner == v->owner || (v->flags & flag::CAPTURED) != 0) return;
     v->flags |= flag::CAPTURED;
@@ -71,6 +81,7 @@ Type* Ident::attr(Env* env, int pkind, Type* pt) {
         }
         checkCaptured(pos, env, v);
     }
+    if (sym->kind == TYP || ofClass || sym->isStatic()) recordUse(env, sym, resolve::siteOf(env, sym));
     return type = checkAssignable(pos, sym->type, pt);
 }
 
@@ -176,10 +187,14 @@ Type* Select::attr(Env* env, int pkind, Type* pt) {
     }
     Type* site = selected->attr(env, qualifierKinds(pkind), anythingType);
     switch (site->tag) {
-    case PACKAGE: sym = selectInPackage(this, site->tsym, pkind, env); break;
+    case PACKAGE:
+        sym = selectInPackage(this, site->tsym, pkind, env);
+        recordUse(env, sym, nullptr);
+        break;
     case CLASS:
     case ARRAY:
         sym = selectInClass(this, site->isConstant() ? context().stringClass : site->tsym, pkind, pt, env);
+        if (site->tag == CLASS) recordUse(env, sym, site->tsym);
         break;
     case NULLTYPE:
         reportError(pos, messages::nullDereferenced);

@@ -2,6 +2,7 @@
 
 #include "driver/options.h"
 #include "semantic/universe.h"
+#include "semantic/use_log.h"
 #include "store/store.h"
 #include "syntax/name.h"
 
@@ -56,6 +57,8 @@ public:
     NameTableOf<ClassSymbol*> sourceClasses;    ///< those entered from source in the current compile
     std::unique_ptr<ClassFile> classReader;     ///< never null
     NameTableOf<InnerClassRecord> innerClasses; ///< by the flat name of the inner class
+
+    UseLog uses; ///< kept if dependencies are tracked
 
     static Context* current; ///< null outside of a make
 };
