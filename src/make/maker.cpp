@@ -239,10 +239,11 @@ std::vector<Bytes> Maker::describeLibrary(const std::vector<std::string>& names,
         packages.push_back(&package);
         for (ClassNode* c : package.classes.nodes()) {
             c->date = c->store->date();
-            c->symbol = classFile_->readApart(c->name, *c->store, true);
+            c->refsCached = false;
+            ClassSymbol* symbol = c->symbol = classFile_->readApart(c->name, *c->store, true);
             cacheDefs(*c);
             cacheImps(*c);
-            context_.classReader->freePool(c->symbol->pool);
+            classFile_->freePool(symbol->pool);
             c->symbol = nullptr;
         }
     }

@@ -28,14 +28,19 @@ void recordConstant(Env* env, VarSymbol* v) {
     if (v->owner != context().predefClass && v->owner != here) here->addConstantRef(v);
 }
 
-/// Tells the make engine of a class, or of a member that was found in `site`.
+/// Tells the make engine of a class, or of a member of another class; `site` is where a member was looked up, null for
+/// one that was found by its simple name.
 void recordUse(Env* env, Symbol* sym, ClassSymbol* site) {
     if (!context().options.trackDependencies) return;
     ClassSymbol* here = resolve::classOf(env);
     bool isMember = (sym->kind == VAR || sym->kind == MTH) && sym->owner != nullptr && sym->owner->kind == TYP;
     if (sym->kind == TYP ? sym == here : !isMember || sym->owner == here || sym->owner == context().predefClass) return;
+    if (!isMember)
+        site = nullptr;
+    else if (site == nullptr)
+        site = resolve::siteOf(env, sym);
     Name* by = here == context().predefClass ? env->toplevel->sourcePath() : here->flatName;
-    context().uses.add({.by = by, .used = sym, .site = isMember ? site : nullptr});
+    context().uses.add({.by = by, .used = sym, .site = site});
 }
 
 void checkCaptured(int pos, Env* env, VarSymbol* v) {
@@ -81,7 +86,7 @@ Type* Ident::attr(Env* env, int pkind, Type* pt) {
         }
         checkCaptured(pos, env, v);
     }
-    if (sym->kind == TYP || ofClass || sym->isStatic()) recordUse(env, sym, resolve::siteOf(env, sym));
+    recordUse(env, sym, nullptr);
     return type = checkAssignable(pos, sym->type, pt);
 }
 
