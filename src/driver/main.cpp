@@ -2,6 +2,7 @@
 #include "runtime/big_stack.h"
 #include "runtime/console.h"
 
+#include <csignal>
 #include <exception>
 
 namespace {
@@ -27,6 +28,8 @@ int runGuarded(std::span<const char* const> arguments) {
 } // namespace
 
 int main(int count, char** arguments) {
+    // A write beyond the limit on file sizes is to fail like one on a full disk, not to end the process.
+    std::signal(SIGXFSZ, SIG_IGN);
     // A caller may start the tool without even its own name.
     std::span<const char* const> all(arguments, static_cast<std::size_t>(count));
     int status = runGuarded(all.subspan(all.empty() ? 0 : 1));
