@@ -219,10 +219,11 @@ TEST_F(InstalledRuntime, IsMissedInWords) {
         EXPECT_EQ(outcome.output, row.output);
     }
     EXPECT_FALSE(fs::exists(path("a.zip")));
-    for (const char* words : {"one", "one two three", "-x"}) {
+    for (const char* words : {"one", "one two three", "-x", "-package", "-package sun one", "one two -package sun"}) {
         Outcome outcome = tool(words);
         EXPECT_EQ(outcome.status, 2);
-        EXPECT_TRUE(outcome.output.starts_with("usage: tarn-classlib [RUNTIME OUT.zip]\n")) << outcome.output;
+        EXPECT_TRUE(outcome.output.starts_with("usage: tarn-classlib [-package NAME]... [RUNTIME OUT.zip]\n"))
+            << outcome.output;
     }
     EXPECT_EQ(tool("--help").status, 0);
 }

@@ -17,18 +17,18 @@ constexpr unsigned SYNTHETIC = 0x1000, ANNOTATION = 0x2000, ENUM = 0x4000;
 const ClassSource object{.flags = PUBLIC | SUPER, .name = "java/lang/Object", .superclass = ""};
 const ClassSource string{.flags = PUBLIC | SUPER | FINAL, .name = "java/lang/String"};
 
-/// What becomes of these classes, with Object and String around them.
-std::map<std::string, OldClass> libraryOf(std::vector<ClassSource> classes) {
+/// What becomes of these classes, with Object and String around them, if these packages are asked for besides.
+std::map<std::string, OldClass> libraryOf(std::vector<ClassSource> classes, const Lines& packages = {}) {
     classes.push_back(object);
     classes.push_back(string);
     ByteVector image = imageOf(classes);
-    return readClosedArchive(classFilesOf(RuntimeImage(image)));
+    return readClosedArchive(classFilesOf(RuntimeImage(image), packages));
 }
 
 /// The names of what becomes of these classes, without Object and String.
-Lines namesOf(const std::vector<ClassSource>& classes) {
+Lines namesOf(const std::vector<ClassSource>& classes, const Lines& packages = {}) {
     Lines names;
-    for (const auto& [name, read] : libraryOf(classes))
+    for (const auto& [name, read] : libraryOf(classes, packages))
         if (name != object.name && name != string.name) names.push_back(name);
     return names;
 }
@@ -103,12 +103,21 @@ TEST(LegacyLibrary, DrawsInWhatItsClassesExtendAndImplement) {
          .name = "sun/Outer$Base",
          .nested = {{"sun/Outer$Base", "sun/Outer", "Base", PRIVATE | STATIC}}},
         {.flags = SUPER, .name = "com/Far"},
-        // None of these is asked for by anything:
-        {.flags = PUBLIC | SUPER, .name = "sun/Public"},
+        // None of these is asked for by anything but the name of the package:
+        {.flags = PUBLIC | SUPER, .name = "sun/below/Public"},
+        {.flags = SUPER, .name = "sun/below/OfPackage"},
+        {.flags = PUBLIC | SUPER, .name = "sunset/Public"},
         {.flags = SUPER, .name = "java/OfPackage"},
         {.flags = PUBLIC | SUPER, .name = "javac/Other"},
         {.flags = PUBLIC | SUPER | SYNTHETIC, .name = "java/package-info"}};
-    EXPECT_EQ(namesOf(classes), (Lines{"com/Far", "java/A", "java/Hidden", "sun/I", "sun/Outer", "sun/Outer$Base"}));
+    Lines names = {"com/Far", "java/A", "java/Hidden", "sun/I", "sun/Outer", "sun/Outer$Base"};
+    EXPECT_EQ(namesOf(classes), names);
+    names.push_back("sun/below/Public");
+    EXPECT_EQ(namesOf(classes, {"sun"}), names);
+    names.push_back("sunset/Public");
+    EXPECT_EQ(namesOf(classes, {"sun.below", "sunset", "java"}), names);
+    for (const char* missing : {"su", "sun.be", "sun.below.Public", "zero", ""})
+        EXPECT_THROW(namesOf(classes, {missing}), BadInput) << missing;
     auto library = libraryOf(classes);
     EXPECT_EQ(library.at("java/Hidden").lines,
               (Lines{"class 420 java/Hidden extends sun/Outer$Base", "inner a sun/Outer$Base = Base of sun/Outer"}));

@@ -1,4 +1,4 @@
-// Three steps make the library. Selecting goes from the public classes of java.* and javax.* along supertypes, outer
+// Three steps make the library. Selecting goes from the public classes of the wanted packages along supertypes, outer
 // classes and visible member classes to everything that might be in. Excluding goes the other way: from the classes
 // that need something which is not there to those that need them in turn. Selecting once more, around the excluded
 // ones, gives the classes that are in, without those that only an excluded class had drawn in. Then each is pruned to
@@ -57,9 +57,11 @@ private:
 /// Finds out which classes are in; see the head of this file.
 class Selection {
 public:
-    Selection(const RuntimeImage& image, ParsedClasses& classes) : classes_(classes) {
+    /// `prefixes` are those of the names of the classes to begin with, as "java/".
+    Selection(const RuntimeImage& image, ParsedClasses& classes, const std::vector<std::string>& prefixes)
+        : classes_(classes) {
         for (std::string_view name : image.classNames())
-            if (isRoot(name)) roots_.push_back(name);
+            if (beginsWithOne(name, prefixes) && isRoot(name)) roots_.push_back(name);
     }
 
     [[nodiscard]] NameSet run() {
@@ -70,8 +72,12 @@ public:
     }
 
 private:
+    static bool beginsWithOne(std::string_view name, const std::vector<std::string>& prefixes) {
+        return std::any_of(prefixes.begin(), prefixes.end(),
+                           [&](const std::string& prefix) { return name.starts_with(prefix); });
+    }
+
     bool isRoot(std::string_view name) {
-        if (!name.starts_with("java/") && !name.starts_with("javax/")) return false;
         const ClassModel& model = *classes_.find(name);
         return (model.flags & flags::Public) != 0 && !model.synthetic && model.ownEntry() == nullptr;
     }
@@ -212,11 +218,26 @@ private:
     bool isInterface_ = false;
 };
 
+/// What the names of the classes of `java.*`, of `javax.*` and of these packages begin with.
+std::vector<std::string> prefixesOf(const RuntimeImage& image, const std::vector<std::string>& packages) {
+    std::vector<std::string> prefixes = {"java/", "javax/"};
+    std::vector<std::string_view> names = image.classNames();
+    for (const std::string& package : packages) {
+        std::string prefix = package + "/";
+        std::replace(prefix.begin(), prefix.end(), '.', '/');
+        auto first = std::lower_bound(names.begin(), names.end(), prefix);
+        if (first == names.end() || !first->starts_with(prefix))
+            throw BadInput("the runtime has no package " + package);
+        prefixes.push_back(std::move(prefix));
+    }
+    return prefixes;
+}
+
 } // namespace
 
-LegacyLibrary::LegacyLibrary(const RuntimeImage& image) {
+LegacyLibrary::LegacyLibrary(const RuntimeImage& image, const std::vector<std::string>& packages) {
     ParsedClasses parsed(image, decompressed_);
-    NameSet selected = Selection(image, parsed).run();
+    NameSet selected = Selection(image, parsed, prefixesOf(image, packages)).run();
     Pruner pruner(selected, parsed);
     for (std::string_view name : selected) classes_.emplace(name, pruner.prune(*parsed.find(name)));
 }

@@ -20,15 +20,16 @@
 
 namespace {
 
-using namespace std::string_literals;
 namespace classlib = tarn::classlib;
 
-constexpr const char* usage = "usage: tarn-classlib [RUNTIME OUT.zip]\n"
+constexpr const char* usage = "usage: tarn-classlib [-package NAME]... [RUNTIME OUT.zip]\n"
                               "\n"
                               "Writes what a Java 1.1 program can see of a Java runtime's class library, as class\n"
                               "files of version 45.3. RUNTIME is the home of a Java runtime, 17 or newer. Without\n"
                               "arguments it is the one of JAVA_HOME or of the java on the path, and OUT.zip is\n"
-                              "classes.zip in the current directory.\n";
+                              "classes.zip in the current directory.\n"
+                              "\n"
+                              "  -package NAME  besides java and javax, the package NAME and those below it\n";
 
 constexpr int failed = 1;
 constexpr int misused = 2;
@@ -77,10 +78,10 @@ std::vector<classlib::ArchiveMember> dependencyMembers(const std::string& archiv
     return classlib::describePackages(scratch.path(), packagesOf(library));
 }
 
-void makeLibrary(const std::string& home, const std::string& archive) {
+void makeLibrary(const std::string& home, const std::string& archive, const std::vector<std::string>& packages) {
     std::string path = classlib::imageOfRuntime(home);
     auto image = classlib::RuntimeImage::open(path);
-    classlib::LegacyLibrary library(image);
+    classlib::LegacyLibrary library(image, packages);
     if (library.classes().empty())
         throw classlib::BadInput(path + ": there is no class of java.* in it that could be written");
     std::vector<classlib::ArchiveMember> members = classMembers(library);
@@ -92,17 +93,29 @@ void makeLibrary(const std::string& home, const std::string& archive) {
                 static_cast<unsigned long long>(size));
 }
 
+/// Takes the options off the words of the command line and gives the packages that they name.
+std::vector<std::string> takePackages(std::vector<std::string>& words) {
+    std::vector<std::string> packages;
+    while (words.size() >= 2 && words[0] == "-package") {
+        packages.push_back(words[1]);
+        words.erase(words.begin(), words.begin() + 2);
+    }
+    return packages;
+}
+
 } // namespace
 
 int main(int argc, char** argv) try {
-    if (argc == 2 && (argv[1] == "-h"s || argv[1] == "--help"s || argv[1] == "-help"s)) {
+    std::vector<std::string> words(argv + 1, argv + argc);
+    if (words.size() == 1 && (words[0] == "-h" || words[0] == "--help" || words[0] == "-help")) {
         std::fputs(usage, stdout);
         return 0;
     }
-    if (argc == 1)
-        makeLibrary(classlib::findRuntimeHome(), "classes.zip");
-    else if (argc == 3)
-        makeLibrary(argv[1], argv[2]);
+    std::vector<std::string> packages = takePackages(words);
+    if (words.empty())
+        makeLibrary(classlib::findRuntimeHome(), "classes.zip", packages);
+    else if (words.size() == 2 && !words[0].starts_with('-'))
+        makeLibrary(words[0], words[1], packages);
     else {
         std::fputs(usage, stderr);
         return misused;
