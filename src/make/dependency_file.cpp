@@ -9,8 +9,10 @@
 
 #include <algorithm>
 #include <ctime>
+#include <functional>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace tarn {
@@ -36,6 +38,16 @@ Date difference(Date a, Date b) {
 Date toQuarterHours(Date span) {
     Date moved = sum(span, span < 0 ? -QUARTER_HOUR / 2 : QUARTER_HOUR / 2);
     return moved - moved % QUARTER_HOUR;
+}
+
+/// Of the contents of the package's file, but for its date.
+std::size_t fingerprintOf(std::span<const std::uint8_t> file, const PackageNode& package) {
+    std::size_t date = 1 + 2 + package.name->length + 1;
+    auto hash = [&](std::size_t from, std::size_t end) {
+        const char* bytes = reinterpret_cast<const char*>(file.data());
+        return std::hash<std::string_view>()({bytes + from, end - from});
+    };
+    return hash(0, date) * 31 + hash(date + sizeof(Date), file.size());
 }
 
 Date shifted(Date date, Date offset) {
@@ -76,7 +88,8 @@ std::span<const std::uint8_t> DependencyFiles::contents(Store& store, const Pack
 
 void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMaking) {
     const Options& options = *currentOptions;
-    DependencyDecoder decoder(contents(store, package), graph_.arena);
+    std::span<const std::uint8_t> whole = contents(store, package);
+    DependencyDecoder decoder(whole, graph_.arena);
     store.close();
     DependencyHeader header = decoder.header();
     if (header.package != package.name) throw IoFailure("contains wrong package " + header.package->toString());
@@ -94,6 +107,8 @@ void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMa
     package.keepImps = package.keepRefs = withImports;
     package.fresh = false;
     package.dateOffset = toQuarterHours(difference(store.date(), header.writeDate));
+    package.recorded = fingerprintOf(whole, package);
+    package.recordedPath = store.canonicalPath().value_or("");
     enter(package, records);
 }
 
@@ -134,18 +149,23 @@ void DependencyFiles::enterClass(PackageNode& package, const ClassRecord& record
 
 // ---- writing
 
-void DependencyFiles::write(const PackageNode& package, StoreRef outputDirectory) {
+void DependencyFiles::write(PackageNode& package, StoreRef outputDirectory) {
     std::string cause;
     StoreRef store;
     try {
         if (!outputDirectory) outputDirectory = std::make_shared<DirectoryStore>(".");
+        if (saysTheSame(package, *outputDirectory)) return;
         store = outputStore(std::move(outputDirectory), dependencyFileStem(package.name), DEPENDENCY_EXTENSION);
         if (currentOptions->verbose) {
             printlnProgress("  writing " + (store ? store->toString() : "null") +
                             (package.stable ? " (stable)" : " (not stable)"));
         }
         if (!store) throw IoFailure("cannot create");
-        store->write(encode(package, dateOfUnixTime(std::time(nullptr))));
+        package.recordedPath.clear();
+        std::span<const std::uint8_t> contents = encode(package, dateOfUnixTime(std::time(nullptr)));
+        store->write(contents);
+        package.recorded = fingerprintOf(contents, package);
+        package.recordedPath = store->canonicalPath().value_or("");
         return;
     } catch (const IoFailure& failure) {
         cause = failure.what();
@@ -153,6 +173,15 @@ void DependencyFiles::write(const PackageNode& package, StoreRef outputDirectory
     if (store) store->close();
     reportError(0, messages::errorWriting, "dependency file for package " + package.name->toString(), cause);
     throw MakeAbort{};
+}
+
+/// Whether the file that is to be written is the one that was read, and says all this already. Also when that was
+/// written counts, if dates are shifted by it.
+bool DependencyFiles::saysTheSame(const PackageNode& package, Store& outputDirectory) {
+    if (package.recordedPath.empty() || package.dateOffset != 0) return false;
+    StoreRef file = outputDirectory.file(dependencyFileStem(package.name).append(DEPENDENCY_EXTENSION));
+    if (!file || file->canonicalPath() != package.recordedPath) return false;
+    return fingerprintOf(encode(package, 0), package) == package.recorded;
 }
 
 std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package, Date writeDate) {

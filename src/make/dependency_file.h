@@ -95,9 +95,9 @@ public:
     /// it was. `forMaking` takes what the file says as a record, and not as a promise that all is up to date.
     bool read(PackageNode& package, Store& store, bool forMaking);
 
-    /// Writes the package's file below the output directory (null: the working directory), with one write. Reports a
-    /// failure and throws MakeAbort. The package has its imports and references.
-    void write(const PackageNode& package, StoreRef outputDirectory);
+    /// Writes the package's file below the output directory (null: the working directory), with one write, unless it
+    /// says the same already. Reports a failure and throws MakeAbort. The package has its imports and references.
+    void write(PackageNode& package, StoreRef outputDirectory);
 
     /// The contents of the package's file, in the buffer. Throws IoFailure if the format has no room for them.
     std::span<const std::uint8_t> encode(const PackageNode& package, Date writeDate);
@@ -108,6 +108,7 @@ private:
 
     std::span<const std::uint8_t> contents(Store& store, const PackageNode& package);
     void readRecords(PackageNode& package, Store& store, bool forMaking);
+    bool saysTheSame(const PackageNode& package, Store& outputDirectory);
     void enter(PackageNode& package, const DependencyRecords& records);
     void enterClass(PackageNode& package, const ClassRecord& record);
 

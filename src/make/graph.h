@@ -126,6 +126,8 @@ struct PackageNode {
     bool writtenHere = false;      ///< its file was written in this run
     bool relearned = false;        ///< stable, but dates of imports have moved on since its file was written
     Date dateOffset = 0;           ///< added to the dates of classes in its dependency file
+    std::size_t recorded = 0;      ///< fingerprint of its dependency file as it was read, but for its date
+    std::string recordedPath;      ///< of that file, canonical; empty if there is none
     Name* name = nullptr;          ///< dotted; "." for the unnamed package
     NodeTable<SourceNode> sources; ///< by simple file name
     NodeTable<ClassNode> classes;  ///< by flat name

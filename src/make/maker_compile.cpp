@@ -178,6 +178,7 @@ void Maker::outClassNotify(const StoreRef& out, ClassSymbol* symbol, const Store
     ClassNode& c = graph_.classNode(symbol->flatName);
     c.state = stamp_ + progress::WRITTEN;
     c.written = stamp_;
+    c.recompileReason = reason::NONE;
     c.symbol = symbol;
     c.store = out;
     c.date = dateOfWritten(*out, c.date);
