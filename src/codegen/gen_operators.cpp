@@ -166,6 +166,11 @@ Item* Unary::gen() {
     default: break;
     }
     arg->genLoad();
+    if (tag == treetag::NONNULL) {
+        out.emitop(op::DUP);
+        out.checkNotNull();
+        return items::stackItem();
+    }
     if (tag == treetag::COMPL) out.emitMinusOne(truncate(typeCode(arg->type)));
     if (tag != treetag::POS) out.emitop(operator_->opcode);
     return items::stackItem();

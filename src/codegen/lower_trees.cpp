@@ -140,7 +140,7 @@ Tree* Lowering::translateExpr(Tree* tree, Place* place) {
         return tree;
     }
     if (tag >= ASSIGN && tag <= MOD_ASG) return translateAssignment(static_cast<Assignop*>(tree), place);
-    if (tag >= POS && tag <= POSTDEC) return translateUnary(static_cast<Unary*>(tree), place);
+    if (tag >= POS && tag <= NONNULL) return translateUnary(static_cast<Unary*>(tree), place);
     switch (tag) {
     case IDENT: return translateIdent(static_cast<Ident*>(tree), place, POS, nullptr);
     case SELECT: return translateSelect(static_cast<Select*>(tree), place, POS, nullptr);
@@ -187,7 +187,7 @@ Tree* Lowering::translateAssignment(Assignop* tree, Place* place) {
 }
 
 Tree* Lowering::translateUnary(Unary* tree, Place* place) {
-    if (tree->tag < PREINC) {
+    if (tree->tag < PREINC || tree->tag == NONNULL) {
         tree->arg = translateExpr(tree->arg, place);
         return tree;
     }

@@ -19,12 +19,13 @@ using namespace typetag;
 
 namespace {
 
-/// The types of a call's arguments: in place for calls of usual length.
+/// The types of a call's arguments, behind `first` unless it is null: in place for calls of usual length.
 class ArgumentTypes {
 public:
-    ArgumentTypes(Trees args, Env* env) : count_(args.size()) {
+    ArgumentTypes(Trees args, Env* env, Type* first = nullptr) : count_(args.size() + (first != nullptr ? 1 : 0)) {
         if (count_ > few_.size()) many_.resize(count_);
         Type** next = data();
+        if (first != nullptr) *next++ = first;
         for (Tree* arg : args) *next++ = arg->attr(env, VAL, anythingType);
     }
     [[nodiscard]] Types types() const { return {count_ > few_.size() ? many_.data() : few_.data(), count_}; }
@@ -75,6 +76,7 @@ void instantiate(NewClass* tree, Env* env, Type* outer, Types args, ClassSymbol*
         reportError(tree->pos, messages::abstractInstantiated, c);
         return;
     }
+    if (outer != nullptr) tree->encl = nonNull(env, tree->encl);
     args = outerArguments(tree->pos, env, tree->encl, outer, args, c);
     tree->constructor = resolve::resolveConstructor(tree->clazz->pos, c, env, args);
     if (tree->constructor->type != nullptr) checkThrown(tree->pos, tree->constructor->type, env->handled);
@@ -132,25 +134,36 @@ void addPassingConstructor(NewClass* tree, Env* env, ClassSymbol* c, Types args)
                                               arena.make<Block>(pos, stats)));
 }
 
+/// Makes the qualifier of a creation with a class body its first argument.
+void passQualifier(NewClass* tree, Env* env) {
+    Trees longer = env->toplevel->arena.makeArray<Tree*>(tree->args.size() + 1);
+    longer.front() = nonNull(env, tree->encl);
+    std::copy(tree->args.begin(), tree->args.end(), longer.begin() + 1);
+    tree->args = longer;
+    tree->encl = nullptr;
+}
+
 /// A creation with a class body: the body extends or implements the class, and the object is one of the body.
 Type* attrWithBody(NewClass* tree, Env* env, ClassSymbol* c, Types args) {
     ClassDef* def = tree->def;
     if (c->isInterface()) {
         def->implementing = env->toplevel->arena.makeArray<Tree*>(1);
         def->implementing.front() = tree->clazz;
-        if (!args.empty()) {
+        if (tree->encl != nullptr)
+            reportError(tree->pos, messages::qualifierNotInnerClass, c);
+        else if (!args.empty())
             reportError(tree->pos, messages::anonymousInterfaceWithArguments);
-            tree->args = {};
-            args = {};
-        }
+        tree->encl = nullptr;
+        tree->args = {};
+        args = {};
     } else {
         def->extending = tree->clazz;
     }
     def->name = env->toplevel->anonymousName(*def);
     addPassingConstructor(tree, env, c, args);
+    if (tree->encl != nullptr) passQualifier(tree, env);
     def->attr(env, VAL, anythingType);
     if (def->sym == nullptr || def->sym->kind != TYP) return errType;
-    tree->encl = nullptr;
     instantiate(tree, env, nullptr, args, def->classSymbol());
     return def->sym->type;
 }
@@ -163,12 +176,6 @@ Type* attrQualifier(NewClass* tree, Env* env) {
     Arena& arena = env->toplevel->arena;
     auto* name = arena.make<KnownType>(tree->pos, outer->tsym->name, outer->tsym);
     tree->clazz = arena.make<Select>(tree->clazz->pos, static_cast<Ident*>(tree->clazz)->name, name);
-    if (tree->def != nullptr) {
-        Trees longer = arena.makeArray<Tree*>(tree->args.size() + 1);
-        longer.front() = tree->encl;
-        std::copy(tree->args.begin(), tree->args.end(), longer.begin() + 1);
-        tree->args = longer;
-    }
     return outer;
 }
 
@@ -179,7 +186,8 @@ Type* NewClass::attr(Env* env, int pkind, Type* pt) {
     if (encl != nullptr || def != nullptr) env->toplevel->hasInnerClasses = true;
     Type* outer = attrQualifier(this, env);
     Type* made = clazz->attr(env, TYP, anythingType);
-    ArgumentTypes arguments(args, env);
+    // The instance that encloses what a body extends is an argument of the body's constructor.
+    ArgumentTypes arguments(args, env, def != nullptr ? outer : nullptr);
     if (made->tag == CLASS) {
         if (def != nullptr)
             made = attrWithBody(this, env, made->tsym, arguments.types());

@@ -268,6 +268,8 @@ Type* Self::attr(Env* env, int pkind, Type* pt) {
     Env* outerEnv = env->dup(this);
     outerEnv->isSelfCall = true;
     Type* outer = encl == nullptr ? nullptr : encl->attr(outerEnv, VAL, anythingType);
+    // What the constructor of an anonymous class passes on was tested where the object is created.
+    if (outer != nullptr && !env->enclClass->isAnonymous()) encl = nonNull(env, encl);
     Types args = outerArguments(pos, outerEnv, encl, outer, *pt->argTypes(), c);
     sym = resolve::resolveConstructor(pos, c, env, args);
     return type = sym->type;
@@ -311,6 +313,13 @@ Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, Cl
     longer.front() = outer;
     std::copy(args.begin(), args.end(), longer.begin() + 1);
     return longer;
+}
+
+Tree* nonNull(Env* env, Tree* instance) {
+    if (instance->tag == treetag::THIS) return instance;
+    auto* tree = env->toplevel->arena.make<Unary>(instance->pos, treetag::NONNULL, instance);
+    tree->type = instance->type;
+    return tree;
 }
 
 } // namespace attribution

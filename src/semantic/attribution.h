@@ -24,6 +24,8 @@ Type* unhandled(TypeList* thrown, TypeList* handled);
 /// tree of a given outer instance and `outer` its type, both null if none is given; then `encl` becomes `q.this` of the
 /// class around that serves. Reports if none does, and if one is given in vain.
 Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, ClassSymbol* c);
+/// The attributed tree of an instance given by the source, tested for null before anything else is evaluated.
+Tree* nonNull(Env* env, Tree* instance);
 Symbol* checkNonStaticRef(int pos, Symbol* sym);
 void checkAbstractRef(int pos, Symbol* sym);
 /// Whether there is no instance of the enclosing class `c` at the place.

@@ -72,10 +72,13 @@ namespace {
 constexpr std::uint32_t LOCAL_CLASS_FLAGS = flag::INTERFACE | flag::ABSTRACT | flag::FINAL;
 constexpr std::uint32_t MEMBER_CLASS_FLAGS = LOCAL_CLASS_FLAGS | ACCESS_FLAGS | flag::STATIC;
 constexpr std::uint32_t TOP_CLASS_FLAGS = LOCAL_CLASS_FLAGS | flag::PUBLIC;
+constexpr std::uint32_t HIDING_FLAGS = flag::PRIVATE | flag::PROTECTED;
+constexpr std::uint32_t IMPLIED_IN_INTERFACE = flag::PUBLIC | flag::STATIC;
 
 std::uint32_t allowedClassFlags(const ClassSymbol* c) {
     if (c->owner->kind == MTH) return LOCAL_CLASS_FLAGS; // but a member of a local class is a member
-    return c->owner->kind == TYP ? MEMBER_CLASS_FLAGS : TOP_CLASS_FLAGS;
+    if (c->owner->kind == PCK) return TOP_CLASS_FLAGS;
+    return c->owner->isInterface() ? MEMBER_CLASS_FLAGS & ~HIDING_FLAGS : MEMBER_CLASS_FLAGS;
 }
 
 /// The symbol of a class that is known already (from a class file or an earlier compile) keeps its identity, so that
@@ -150,6 +153,10 @@ void ClassDef::enter(Env* outer) {
     ClassSymbol* c = context().newClass(0, flatName, unit->package);
     c->owner = owner;
     c->flags = checkFlags(pos, flags, allowedClassFlags(c), true);
+    if (owner->kind == TYP && owner->isInterface()) {
+        flags |= IMPLIED_IN_INTERFACE;
+        c->flags |= IMPLIED_IN_INTERFACE;
+    }
     if (outer->isStatic || outer->isSelfCall) c->flags |= flag::STATIC;
     bool isNew = false;
     c = takeOver(pos, c, isNew);

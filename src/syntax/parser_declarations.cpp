@@ -170,10 +170,6 @@ TreeBuffer* Parser::classMember(TreeBuffer* list, Name* className, bool isInterf
     } else if (!atClass()) {
         inCode_ = true;
         list = fieldOrMethod(list, mods, className, isInterface);
-    } else if (isInterface) {
-        report(pos(), messages::interfaceWithInnerClass);
-        step();
-        skip();
     } else {
         inCode_ = false;
         list = factory_.append(list, classOrInterface(mods));

@@ -101,7 +101,8 @@ enum : std::uint8_t {
     PREINC,
     PREDEC,
     POSTINC,
-    POSTDEC = 78, ///< the last Unary
+    POSTDEC = 78, ///< the last Unary of the source
+    NONNULL = 79, ///< a Unary: an enclosing instance that is given by an expression, which must not be null
     THIS = 80,
     SUPER = 81,
     INT_LITERAL = 90,

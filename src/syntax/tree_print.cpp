@@ -159,6 +159,7 @@ void ArrayInit::print(int) {
 }
 
 void Unary::print(int precedence) {
+    if (tag == treetag::NONNULL) return arg->print(precedence);
     bool isPostfix = tag == treetag::POSTINC || tag == treetag::POSTDEC;
     int own = isPostfix ? POSTFIX : PREFIX;
     open(precedence, own);

@@ -155,6 +155,8 @@ bool isOutOfReach(MessageId id) {
     case messages::notAPackage:
     case messages::finalNeedsInitializer:
     case messages::packageImported:
+    // Interfaces can have member classes.
+    case messages::interfaceWithInnerClass:
     // A term that is neither an expression nor a type is broken, and that was reported.
     case messages::malformedExpression:
     // Every result fits the prototype that a call holds its method to.

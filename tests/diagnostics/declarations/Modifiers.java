@@ -42,4 +42,10 @@ interface Interface {
     //          ^ error 217: modifier static not allowed here
     public static final int B = 1;
     public abstract void h();
+    private class C { }
+    //      ^ error 217: modifier private not allowed here
+    protected interface D { }
+    //        ^ error 217: modifier protected not allowed here
+    public static final class E { }
+    abstract class F { }
 }

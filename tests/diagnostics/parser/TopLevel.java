@@ -8,6 +8,4 @@ class TopLevel {
 interface OnlyAConstant {
     int noValue;
     //         ^ error 214: missing initializer
-    class Inner { }
-  //^ error 222: implementation restriction: interfaces cannot have inner classes
 }

@@ -137,11 +137,16 @@ TEST_F(LoweringTest, ConstructorCallsPassParameters) {
 
 TEST_F(LoweringTest, GivenOuterInstancesAreTheFirstArgument) {
     compileFine("class A { class B { } class C extends B { C(A a, int i) { a.super(); } }\n"
-                "static Object f(A a) { return a.new B(); } static Object g(A a) { return a.new B() { }; } }");
-    EXPECT_EQ(code("A$C", "<init>"), "aload_0, aload_2, invokespecial A$B.<init>:(LA;)V, aload_0, aload_1, putfield "
-                                     "A$C.this0:LA;, return");
-    EXPECT_EQ(code("A", "f"), "new A$B, dup, aload_0, invokespecial A$B.<init>:(LA;)V, areturn");
-    EXPECT_EQ(code("A", "g"), "new A$1, dup, aload_0, invokespecial A$1.<init>:(LA;)V, areturn");
+                "static Object f(A a) { return a.new B(); } static Object g(A a) { return a.new B() { }; }\n"
+                "Object h() { return this.new B(); } }");
+    // It is tested for null on the way, once, and not if it is `this`.
+    const std::string test = "dup, invokevirtual java/lang/Object.getClass:()Ljava/lang/Class;, pop, ";
+    EXPECT_EQ(code("A$C", "<init>"), "aload_0, aload_2, " + test +
+                                         "invokespecial A$B.<init>:(LA;)V, aload_0, aload_1, putfield "
+                                         "A$C.this0:LA;, return");
+    EXPECT_EQ(code("A", "f"), "new A$B, dup, aload_0, " + test + "invokespecial A$B.<init>:(LA;)V, areturn");
+    EXPECT_EQ(code("A", "g"), "new A$1, dup, aload_0, " + test + "invokespecial A$1.<init>:(LA;)V, areturn");
+    EXPECT_EQ(code("A", "h"), "new A$B, dup, aload_0, invokespecial A$B.<init>:(LA;)V, areturn");
     EXPECT_EQ(code("A$1", "<init>"), "aload_0, aload_1, invokespecial A$B.<init>:(LA;)V, return");
 }
 

@@ -167,8 +167,8 @@ TEST(ParserErrorTest, BrokenUnits) {
             {"interface I { int a = 1, b; }", "1:27 missing initializer"},
             {"interface I { I(); }", "1:16 invalid method declaration; return type required"},
             {"interface I { { } }", "1:15 illegal start of type"},
-            {"interface I { class J { } int b = 1; }",
-             "1:15 implementation restriction: interfaces cannot have inner classes"},
+            {"interface I { class J { int; } interface K { int a; } }",
+             "1:28 <identifier> expected; 1:51 missing initializer"},
         },
         "", "");
 }
