@@ -57,11 +57,12 @@ constexpr std::array<OperatorInfo, 8> unaryOperators{{
     {Token::DECREMENT, treetag::POSTDEC, -1},
 }};
 
-/// Precedence of the binary operator of a token kind; -1 for all other kinds.
+/// Precedence of the binary operator of a token kind, and of `instanceof`; -1 for all other kinds.
 constexpr std::array<std::int8_t, TOKEN_KINDS> binaryPrecedence = [] {
     std::array<std::int8_t, TOKEN_KINDS> table{};
     table.fill(-1);
     for (const OperatorInfo& op : binaryOperators) table[static_cast<std::size_t>(op.token)] = op.precedence;
+    table[static_cast<std::size_t>(Token::INSTANCEOF)] = table[static_cast<std::size_t>(Token::LESS)];
     return table;
 }();
 

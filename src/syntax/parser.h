@@ -78,13 +78,13 @@ private:
     Tree* term(int mode);
     Tree* term1(int mode);
     Tree* term2(int mode);
-    Tree* term2Rest(int mode);
     Tree* term3(int mode);
     Tree* type() { return term(TYPE); }
     Tree* parExpression();
     Tree* assignmentRest(Tree* lhs);
     Tree* conditionalRest(Tree* cond);
     Tree* binaryRest(Tree* first);
+    Tree* typeTest(Tree* expr);
     Tree* prefixTerm();
     Tree* primary(int mode);
     Tree* literal();

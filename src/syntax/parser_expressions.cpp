@@ -8,9 +8,9 @@
 #include <array>
 #include <cstddef>
 
-// Terms, from the loosest binding to the tightest: assignment (term), conditional (term1), binary operators (term2),
-// `instanceof` (term2Rest), and the unary operators and primaries (term3). What a mode allows only matters for the
-// first operand: as soon as an operator follows, the term is an expression.
+// Terms, from the loosest binding to the tightest: assignment (term), conditional (term1), binary operators and
+// `instanceof` (term2), and the unary operators and primaries (term3). What a mode allows only matters for the first
+// operand: as soon as an operator follows, the term is an expression.
 
 namespace tarn {
 
@@ -34,6 +34,11 @@ bool isPrefixOperator(Token token) {
     case Token::DECREMENT: return true;
     default: return false;
     }
+}
+
+/// Whether it is a primitive type or `void`.
+bool isPrimitive(Token token) {
+    return token >= Token::BOOLEAN && token <= Token::VOID;
 }
 
 int infixTag(Token token) {
@@ -96,32 +101,37 @@ Tree* Parser::conditionalRest(Tree* cond) {
     if (nesting.isTooDeep()) return giveUp();
     Position at = pos();
     step();
-    Tree* thenpart = term1(EXPR);
+    Tree* thenpart = expression();
     accept(Token::COLON);
     Tree* elsepart = term1(EXPR);
     return factory_.conditional(at, treetag::CONDITIONAL, cond, thenpart, elsepart);
 }
 
 inline Tree* Parser::term2(int mode) {
-    Tree* t = term2Rest(mode);
+    Tree* t = term3(mode);
     if (precedenceOf(token()) >= 0 && (mode & EXPR) && factory_.isExpr) return binaryRest(t);
     return t;
 }
 
 /// Operator precedence with two stacks. Equal precedence reduces at once, so that the pending operators bind ever
 /// tighter and there are never more of them than levels of precedence. Nodes get the position of the operator read
-/// last.
+/// last. `instanceof` is complete as soon as its type is read, and never pending.
 Tree* Parser::binaryRest(Tree* first) {
     std::array<Token, 10> operators;
     std::array<Tree*, 11> operands;
     std::size_t top = 0;
     operands[0] = first;
+    Position at = NO_POSITION;
     while (precedenceOf(token()) >= 0) {
-        operators[top] = token();
-        if (token() == Token::MINUS) scanner_.negativeLiteral = false;
-        Position at = pos();
-        step();
-        operands[++top] = term2Rest(EXPR);
+        if (token() == Token::INSTANCEOF) {
+            operands[top] = typeTest(operands[top]);
+        } else {
+            operators[top] = token();
+            if (token() == Token::MINUS) scanner_.negativeLiteral = false;
+            at = pos();
+            step();
+            operands[++top] = term3(EXPR);
+        }
         while (top > 0 && precedenceOf(operators[top - 1]) >= precedenceOf(token())) {
             top--;
             operands[top] = makeBinop(at, operators[top], operands[top], operands[top + 1]);
@@ -130,13 +140,12 @@ Tree* Parser::binaryRest(Tree* first) {
     return operands[0];
 }
 
-inline Tree* Parser::term2Rest(int mode) {
-    Tree* t = term3(mode);
-    if (token() != Token::INSTANCEOF || !(mode & EXPR) || !factory_.isExpr) return t;
+/// What stands behind an expression that is tested; `instanceof` is the current token.
+Tree* Parser::typeTest(Tree* expr) {
     Position at = pos();
     step();
     Tree* clazz = type();
-    return factory_.typeOp(at, treetag::TYPETEST, t, clazz);
+    return factory_.typeOp(at, treetag::TYPETEST, expr, clazz);
 }
 
 Tree* Parser::term3(int mode) {
@@ -169,7 +178,7 @@ Tree* Parser::parExpression() {
 
 Tree* Parser::primary(int mode) {
     Token kind = token();
-    if (kind == Token::IDENTIFIER || (kind >= Token::BOOLEAN && kind <= Token::VOID)) return typeOrName(mode);
+    if (kind == Token::IDENTIFIER || isPrimitive(kind)) return typeOrName(mode);
     if (!(mode & EXPR)) {
         syntaxError(pos(), messages::illegalStartOfType);
         return erroneous();
@@ -298,7 +307,7 @@ Tree* Parser::typeOrNameStart(int mode) {
         step();
         return factory_.ident(at, name);
     }
-    if (kind >= Token::BOOLEAN && kind <= Token::VOID) {
+    if (isPrimitive(kind)) {
         Name* name = scanner_.name;
         step();
         return factory_.basicType(at, name);
@@ -336,6 +345,7 @@ Tree* Parser::parenthesised(int mode) {
 
 /// Whether a type in parentheses is a cast, by the token behind it. A name followed by a sign is an operand of it.
 bool Parser::atCastOperand() const {
+    if (isPrimitive(token())) return true; // as in (Object) int.class
     switch (token()) {
     case Token::IDENTIFIER:
     case Token::CHAR_LITERAL:

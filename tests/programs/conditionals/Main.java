@@ -115,6 +115,15 @@ public class Main {
         System.out.println(max(3, 9, 4) + " " + max(9, 4, 3) + " " + max(1, 2, 3));
     }
 
+    static void parts() {
+        int a = 1, b = 2;
+        System.out.println((a < b ? b = 5 : a) + " " + b);
+        Object o = "s";
+        System.out.println("a" + o instanceof String ? 1 : 2);
+        System.out.println(1 + 1 < 3 == o instanceof String);
+        System.out.println((Object) int.class + " " + ((Class) void.class).getName());
+    }
+
     static int max(int a, int b, int c) {
         return a > b ? a > c ? a : c : b > c ? b : c;
     }
@@ -124,5 +133,6 @@ public class Main {
         values();
         conversions();
         control();
+        parts();
     }
 }

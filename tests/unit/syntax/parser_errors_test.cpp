@@ -82,12 +82,12 @@ TEST(ParserErrorTest, BrokenTermsAreReportedOnce) {
         {"x = new int[];", "2:14 '{' expected"},
         {"x = new 5;", "2:9 illegal start of type"},
         {"x = new int.a();", "2:9 basic type cannot be dereferenced"},
-        {"x = (a ? b = c : d);", "2:12 : expected"},
+        {"x = (a ? b, c : d);", "2:11 : expected"},
         {"x = {1};", "2:5 illegal start of expression"},
         {"int a[] = {1, , 2};", "2:15 illegal start of expression"},
         {"A.super.f();", "2:1 illegal qualifier for super"},
         {"a().super.f();", "2:1 illegal qualifier for super"},
-        {"a instanceof B instanceof C;", "2:3 not a statement; 2:16 ';' expected"},
+        {"a instanceof B C;", "2:3 not a statement; 2:16 ';' expected"},
     });
 }
 

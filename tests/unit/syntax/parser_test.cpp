@@ -37,7 +37,9 @@ TEST(ParserTest, OperatorsBindByPrecedenceAndAssociateToTheLeft) {
         {"++a - --b", "(- (++ a) (-- b))"},
         {"a-- - -b", "(- (post-- a) (- b))"},
         {"a == b instanceof C", "(== a (instanceof b C))"},
-        {"a + b instanceof C[]", "(+ a (instanceof b (array C)))"},
+        {"a + b * c instanceof D[] == d", "(== (instanceof (+ a (* b c)) (array D)) d)"},
+        {"a && b << c instanceof D && e", "(&& (&& a (instanceof (<< b c) D)) e)"},
+        {"a ? b = c : d instanceof E", "(? a (= b c) (instanceof d E))"},
     };
     for (const Row& row : rows) EXPECT_EQ(parseExpression(row.source), row.tree) << row.source;
 }
@@ -63,6 +65,7 @@ TEST(ParserTest, ParenthesesAreCastsByTheirContentsAndByWhatFollows) {
         {"(a) super.b", "(cast a (. super b))"},
         {"(a) null", "(cast a null)"},
         {"(a) 'x'", "(cast a xc)"},
+        {"(a) int.class", "(cast a (. int class))"},
         {"(a) \"x\"", "(cast a xs)"},
         {"(a) b + c", "(+ (cast a b) c)"},
         {"(a) b.c[d]++", "(cast a (post++ (index (. b c) d)))"},
