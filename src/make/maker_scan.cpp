@@ -165,6 +165,7 @@ bool Maker::scanSource(SourceNode& source, Date date) {
         if (errors != 0) throw MakeAbort{};
     } else {
         SilentReporter silent;
+        scanner.wantsCode = false;
         compiler_.parseWith(source.store, scanner, &silent);
         errors = silent.errorCount();
     }

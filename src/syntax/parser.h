@@ -135,6 +135,7 @@ private:
     Tree* labelledBody();
     Tree* requiredBlock();
     Tree* block(std::uint32_t flags);
+    Tree* codeBlock(std::uint32_t flags);
     TreeBuffer* blockStatements();
     TreeBuffer* switchCases();
     Tree* switchCase();

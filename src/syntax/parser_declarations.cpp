@@ -166,7 +166,7 @@ TreeBuffer* Parser::classMember(TreeBuffer* list, Name* className, bool isInterf
         token() == Token::LBRACE && !isInterface && (mods & ~(flag::STATIC | flag::SOURCE_DEPRECATED)) == 0;
     if (isInitializer) {
         inCode_ = true;
-        list = factory_.append(list, block(mods & flag::STATIC));
+        list = factory_.append(list, codeBlock(mods & flag::STATIC));
     } else if (!atClass()) {
         inCode_ = true;
         list = fieldOrMethod(list, mods, className, isInterface);
@@ -216,7 +216,7 @@ Tree* Parser::methodRest(Position at, Name* name, Tree* restype, std::uint32_t m
     if (token() == Token::SEMICOLON) {
         step();
     } else {
-        body = block(0);
+        body = codeBlock(0);
     }
     return factory_.methodDef(at, treetag::METHODDEF, name, mods, restype, params, thrown, body);
 }

@@ -304,6 +304,14 @@ Tree* Parser::block(std::uint32_t flags) {
     return t;
 }
 
+/// The body of a method or initializer, which is passed over if nobody wants it.
+Tree* Parser::codeBlock(std::uint32_t flags) {
+    bool isSkipped = !factory_.wantsCode && token() == Token::LBRACE && scanner_.skipBlock();
+    if (!isSkipped) return block(flags);
+    step();
+    return nullptr;
+}
+
 TreeBuffer* Parser::blockStatements() {
     TreeBuffer* list = factory_.newList();
     while (token() != Token::RBRACE && token() != Token::CASE && token() != Token::DEFAULT &&

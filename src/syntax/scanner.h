@@ -35,6 +35,9 @@ public:
 
     /// Moves to the next token.
     void nextToken();
+    /// Moves from the brace that opens a block to the one that closes it, without a look at its tokens. False, and
+    /// nothing was done, if there may be a class in the block or its end is in doubt.
+    [[nodiscard]] bool skipBlock();
 
     Token token = Token::BAD_SYMBOL;   ///< kind of the current token
     Position pos = NO_POSITION;        ///< its start

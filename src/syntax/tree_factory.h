@@ -78,6 +78,8 @@ public:
     int lastTag = 0;     ///< tag and position of the last construct; 0 if it is erroneous
     int lastPos = 0;
 
+    bool wantsCode = true; ///< if not, the parser may pass over a body in which no class is defined
+
 protected:
     void record(int pos, int tag) {
         lastTag = tag;

@@ -18,14 +18,21 @@ std::string join(const std::vector<Name*>& names) {
     return text;
 }
 
-/// "package | imports | classes".
-std::string scan(std::string_view text) {
+std::string scanWith(std::string_view text, bool wantsCode) {
     MessageLog log;
     StoreRef source = sourceOf(text);
     Scanner scanner(*source, std::nullopt);
     DependencyScanner factory;
+    factory.wantsCode = wantsCode;
     Parser(scanner, factory).compilationUnit();
     return factory.packageName->toString() + " | " + join(factory.imports) + " | " + join(factory.classes);
+}
+
+/// "package | imports | classes", which are the same whether code is read or passed over.
+std::string scan(std::string_view text) {
+    std::string found = scanWith(text, true);
+    EXPECT_EQ(scanWith(text, false), found) << text;
+    return found;
 }
 
 struct Row {
@@ -70,6 +77,34 @@ TEST(DependencyScannerTest, NamesClassesAsACompileDoes) {
         {"class A { int i = ; class B { } void f( { new C() { }; } ", ". |  | A$B A"},
     };
     for (const Row& row : rows) EXPECT_EQ(scan(row.source), row.found) << row.source;
+}
+
+TEST(DependencyScannerTest, PassesOverCodeWithoutClasses) {
+    // Each body is followed by a member class and a class, which show whether its end was found, and the line.
+    const char* const bodies[] = {
+        "",
+        "{ { } } ; { }",
+        "char c = '}'; String s = \"}\\\"{\"; c = '\\''; c = '\"'; c = '\\\\'; c = '\\175';",
+        "/* } */ // }\n /** \\ **/ /*/ } /*/ a /= b / c; // \\\r\n",
+        "Class d = A.class; d = int[] . /**/ class;",
+        "f(new int[] { 1, (2) }, new A(new A(b)[0].c()), new a.b.C()); if (new A() == null) { }",
+        "new A().f(); if (x) { renew(); newer.classes = interfaces; }",
+        "for (;;) \r { } \f { }",
+        // What is left to a full parse.
+        "class L { } f(new X(g()) { });",
+        "new /**/ X(\")\") // {\n { class M { } };",
+        "o.new B() { };",
+        "char c = '\\u007d'; String s = \"\\u0022; }",
+        "\\u007b \\u007d int \u00e9;",
+        "int i = (((((1)))));",
+        "/* \\u002a/ class L { }",
+        "// \\u000a class L { }\n",
+    };
+    for (const std::string body : bodies) {
+        scan("class A { void f() throws X {" + body + "} static {" + body + "} class B { } } class C { }");
+    }
+    EXPECT_EQ(scan("class A { void f() { if (a) { b(); } \n class B { } } } class C { }"), ". |  | A$1$B A C");
+    EXPECT_EQ(scan("class A { void f() { if (a) { b(); } \n } class B { } } class C { }"), ". |  | A$B A C");
 }
 
 /// The names that a unit gives to the local and anonymous classes below a tree, in the order in which their bodies end;
