@@ -152,7 +152,7 @@ Item* Switch::gen() {
         return items::voidItem();
     }
     if (cases.size() == 1 && static_cast<const Case*>(cases.front())->pat == nullptr) {
-        selector->genDrop();
+        selector->gen()->discard(selector->type);
         cases.front()->genDrop();
         out.resolve(exit);
         return items::voidItem();

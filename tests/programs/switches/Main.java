@@ -91,6 +91,7 @@ public class Main {
     }
 
     static int effects;
+    int field;
 
     static int selector(int i) {
         effects++;
@@ -106,6 +107,10 @@ public class Main {
         switch (selector(6)) { case 7: effects += 1000; }
         switch (selector(7)) { case 7: default: case 8: effects += 100; }
         switch (3) { case 3: effects += 10000; break; case 4: effects = 0; }
+        int[] none = { };
+        try { switch (none[1]) { default: effects = 0; } } catch (ArrayIndexOutOfBoundsException e) { effects += 100000; }
+        Main nobody = null;
+        try { switch (nobody.field) { default: effects = 0; } } catch (NullPointerException e) { effects += 200000; }
         System.out.println("effects " + effects);
     }
 
