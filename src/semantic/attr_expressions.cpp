@@ -180,18 +180,10 @@ Type* attrChoice(Conditional* tree, Env* env, Type* pt) {
     return merged->tag == ERROR ? merged : withoutValue(merged);
 }
 
-/// A lone declaration can't be the branch of an `if`.
-void checkStatement(const Tree* branch) {
-    if (branch->tag == treetag::VARDEF || branch->tag == treetag::CLASSDEF)
-        reportError(branch->pos, messages::notAStatement);
-}
-
 Type* attrIf(Conditional* tree, Env* env, Type* pt) {
-    checkStatement(tree->thenpart);
-    Type* result = conditionalType(tree->thenpart->pos, pt, tree->thenpart->attr(env, VAL, pt));
+    Type* result = conditionalType(tree->thenpart->pos, pt, attribution::attrBody(tree->thenpart, env, pt));
     if (tree->elsepart == nullptr) return result;
-    checkStatement(tree->elsepart);
-    return conditionalType(tree->elsepart->pos, result, tree->elsepart->attr(env, VAL, pt));
+    return conditionalType(tree->elsepart->pos, result, attribution::attrBody(tree->elsepart, env, pt));
 }
 
 } // namespace

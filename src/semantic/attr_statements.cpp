@@ -87,6 +87,12 @@ Type* Block::attr(Env* outer, int pkind, Type* pt) {
     return type;
 }
 
+Type* attribution::attrBody(Tree* body, Env* env, Type* pt) {
+    if (body->tag == treetag::VARDEF || body->tag == treetag::CLASSDEF)
+        reportError(body->pos, messages::notAStatement);
+    return body->attr(env, VAL, pt);
+}
+
 // ---- simple statements
 
 Type* Exec::attr(Env* env, int pkind, Type* pt) {
@@ -121,12 +127,12 @@ Type* Labelled::attr(Env* env, int pkind, Type* pt) {
 Type* WhileLoop::attr(Env* env, int pkind, Type* pt) {
     if (!checkKind(pos, VAL, pkind)) return type = errType;
     cond->attr(env, VAL, context().booleanType);
-    return type = body->attr(env->dup(this), VAL, pt);
+    return type = attribution::attrBody(body, env->dup(this), pt);
 }
 
 Type* DoLoop::attr(Env* env, int pkind, Type* pt) {
     if (!checkKind(pos, VAL, pkind)) return type = errType;
-    type = body->attr(env->dup(this), VAL, pt);
+    type = attribution::attrBody(body, env->dup(this), pt);
     cond->attr(env, VAL, context().booleanType);
     return type;
 }
@@ -141,7 +147,7 @@ Type* ForLoop::attr(Env* outer, int pkind, Type* pt) {
         update->attr(env, VAL, anythingType);
         preferPrefix(update);
     }
-    type = body->attr(env, VAL, pt);
+    type = attribution::attrBody(body, env, pt);
     env->scope->leave();
     return type;
 }
@@ -307,7 +313,7 @@ Type* Try::attrTry(Env* env, Type* pt) {
     type = attrStatements(catchers, tryEnv, pt);
     if (finalizer != nullptr) type = conditionalType(finalizer->pos, type, finalizer->attr(env, VAL, pt));
     addCaught(catchers, tryEnv);
-    return type = conditionalType(body->pos, type, body->attr(tryEnv, VAL, pt));
+    return type = conditionalType(body->pos, type, attribution::attrBody(body, tryEnv, pt));
 }
 
 Type* Try::attr(Env* env, int pkind, Type* pt) {

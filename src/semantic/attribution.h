@@ -40,6 +40,8 @@ void evalConst(VarSymbol* v);
 /// The environment of a field's initializer or of an initializer block, with a scope of its own that the caller leaves.
 /// `env` is that of the class.
 Env* initializerEnv(Env* env, Tree* tree, bool isStatic);
+/// Attributes the body of a statement, which can't be a lone declaration.
+Type* attrBody(Tree* body, Env* env, Type* pt);
 
 } // namespace attribution
 } // namespace tarn
