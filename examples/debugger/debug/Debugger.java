@@ -291,7 +291,7 @@ public class Debugger {
             System.exit(2);
         }
         StringBuffer commandLine = new StringBuffer();
-        for (int i = first; i < words.length; i++) commandLine.append(i == first ? "" : " ").append(words[i]);
+        for (int i = first; i < words.length; i++) commandLine.append('"').append(words[i]).append("\" ");
 
         // The interfaces of expressions are on the debugger's own class path.
         String separator = System.getProperty("path.separator");

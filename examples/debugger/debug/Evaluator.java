@@ -26,6 +26,8 @@ class Evaluator {
     /** What `IExpression.eval` gives. Throws an `EvaluationFailure` if the expression has no value. */
     Object evaluate(StoppedFrame frame, String expression) throws IOException, InterruptedException {
         Location location = frame.mirror().location();
+        if (isAnonymous(location.declaringType().name()))
+            throw new EvaluationFailure("expressions have no scope in an anonymous class");
         File output = File.createTempFile("expression", ".class");
         try {
             compile(sourceOf(location), location.lineNumber(), expression, output);
@@ -33,6 +35,14 @@ class Evaluator {
         } finally {
             output.delete();
         }
+    }
+
+    /** An expression would be compiled in the scope of the statement that the class stands in. */
+    private static boolean isAnonymous(String className) {
+        int dollar = className.lastIndexOf('$');
+        int at = dollar + 1;
+        while (at < className.length() && Character.isDigit(className.charAt(at))) at++;
+        return dollar >= 0 && at == className.length();
     }
 
     private String sourceOf(Location location) {
@@ -50,8 +60,8 @@ class Evaluator {
     }
 
     private void compile(String source, int line, String expression, File output) throws IOException, InterruptedException {
-        String[] command = {compiler,   source,       String.valueOf(line), expression,   output.getPath(),
-                            "-classpath", classPath, "-sourcepath",        sourcePath};
+        String[] command = {compiler, "-classpath", classPath, "-sourcepath", sourcePath, "--",
+                            source, String.valueOf(line), expression, output.getPath()};
         Process process;
         try {
             process = Runtime.getRuntime().exec(command);
@@ -83,6 +93,8 @@ class Evaluator {
             throw failure;
         } catch (NoClassDefFoundError failure) {
             throw new EvaluationFailure("class " + failure.getMessage().replace('/', '.') + " is there in the program only");
+        } catch (NullPointerException failure) {
+            throw new EvaluationFailure(failure.getClass().getName()); // its text would be about the expression's class
         } catch (RuntimeException failure) {
             throw new EvaluationFailure(failure.toString());
         }

@@ -31,10 +31,9 @@ abstract class Handle implements IEvaluatorContext {
 
     public IEvaluatorContext getField(String name) {
         ObjectReference object = (ObjectReference) readReference();
+        if (object instanceof ArrayReference && name.equals("length")) return frame().lengthOf((ArrayReference) object);
         Field field = findField(object, name);
         if (field != null) return frame().fieldOf(object, field);
-        Handle enclosing = enclosingInstance(object);
-        if (enclosing != null) return enclosing.getField(name);
         throw new EvaluationFailure("no field " + name + " in " + object.referenceType().name());
     }
 
@@ -59,17 +58,7 @@ abstract class Handle implements IEvaluatorContext {
         return field != null ? field : object.referenceType().fieldByName(name);
     }
 
-    /** The handle of the object around an object of an inner class; null if there is none. */
-    private Handle enclosingInstance(ObjectReference object) {
-        ReferenceType type = declaredType() == null ? object.referenceType() : declaredType();
-        for (int level = 0; level < 8; level++) {
-            Field field = type.fieldByName("this$" + level);
-            if (field != null) return frame().fieldOf(object, field);
-        }
-        return null;
-    }
-
-    Value readReference() {
+    private Value readReference() {
         Value value = read();
         if (value == null) throw new NullPointerException();
         return value;

@@ -6,6 +6,7 @@ import com.sun.jdi.ClassNotLoadedException;
 import com.sun.jdi.ClassObjectReference;
 import com.sun.jdi.ClassType;
 import com.sun.jdi.IncompatibleThreadStateException;
+import com.sun.jdi.InterfaceType;
 import com.sun.jdi.InvalidTypeException;
 import com.sun.jdi.InvocationException;
 import com.sun.jdi.Location;
@@ -219,7 +220,8 @@ class Session {
     ReferenceType initializedClass(ThreadReference thread, String name) {
         for (Iterator i = machine.classesByName(name).iterator(); i.hasNext();) {
             ReferenceType type = (ReferenceType) i.next();
-            if (type.isInitialized()) return type;
+            // The answer is always yes for an interface.
+            if (type.isInitialized() && !(type instanceof InterfaceType)) return type;
         }
         ClassType classClass = (ClassType) machine.classesByName("java.lang.Class").get(0);
         List arguments = new ArrayList();

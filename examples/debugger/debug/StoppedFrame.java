@@ -62,10 +62,8 @@ class StoppedFrame extends Handle {
     public IEvaluatorContext getField(String name) {
         if (name.equals("this")) return new This();
         LocalVariable variable = find(name);
-        if (variable != null) return new Variable(variable);
-        Field captured = capturedVariable(name);
-        if (captured != null) return fieldOf(mirror().thisObject(), captured);
-        throw new EvaluationFailure("variable " + name + " has no value here");
+        if (variable == null) throw new EvaluationFailure("variable " + name + " has no value here");
+        return new Variable(variable);
     }
 
     private LocalVariable find(String name) {
@@ -74,12 +72,6 @@ class StoppedFrame extends Handle {
         } catch (AbsentInformationException failure) {
             throw new EvaluationFailure("variable " + name + " is unknown: its class was compiled without -g");
         }
-    }
-
-    /** The field that a local class keeps a variable of the method around it in; null if there is none. */
-    private Field capturedVariable(String name) {
-        ObjectReference self = mirror().thisObject();
-        return self == null ? null : self.referenceType().fieldByName("val$" + name);
     }
 
     Value read() {
@@ -102,7 +94,7 @@ class StoppedFrame extends Handle {
             result = ((StringReference) value).value();
             strings.put(result, value);
         } else {
-            result = new Instance((ObjectReference) value);
+            result = new Constant(value);
         }
         objects.put(value, result);
         return result;
@@ -139,6 +131,10 @@ class StoppedFrame extends Handle {
         return new Element(array, position);
     }
 
+    Handle lengthOf(ArrayReference array) {
+        return new Constant(machine().mirrorOf(array.length()));
+    }
+
     Handle staticField(String className, String name) {
         ReferenceType type = session.initializedClass(thread, className);
         Field field = type.fieldByName(name);
@@ -157,13 +153,9 @@ class StoppedFrame extends Handle {
         }
     }
 
-    private class This extends Inside {
-        Value read() {
-            return mirror().thisObject();
-        }
-
-        void write(Value value) {
-            throw new EvaluationFailure("this is no variable");
+    private class This extends Constant {
+        This() {
+            super(mirror().thisObject());
         }
 
         ReferenceType declaredType() {
@@ -265,25 +257,25 @@ class StoppedFrame extends Handle {
         }
     }
 
-    /** An object or array itself. */
-    private class Instance extends Inside {
-        private final ObjectReference object;
+    /** A value itself: an object, an array, the length of an array. */
+    private class Constant extends Inside {
+        private final Value value;
 
-        Instance(ObjectReference object) {
-            this.object = object;
+        Constant(Value value) {
+            this.value = value;
         }
 
         Value read() {
-            return object;
+            return value;
         }
 
         void write(Value value) {
-            throw new EvaluationFailure("an object is no variable");
+            throw new EvaluationFailure("this is no variable");
         }
 
         /** A concatenation takes an object's text from here. */
         public String toString() {
-            return textOf(object);
+            return textOf((ObjectReference) value);
         }
     }
 }
