@@ -96,7 +96,8 @@ Trees thrownClauses(Arena& arena, int pos, TypeList* list) {
     return clauses;
 }
 
-/// The constructor that a creation with a body and these arguments will call through the body's own; null if unknown.
+/// The constructor that a creation with a body and these arguments, the enclosing instance among them, will call
+/// through the body's own; null if unknown.
 MethodSymbol* superConstructor(Env* env, ClassSymbol* c, Types args) {
     bool before = env->isSelectSuper;
     env->isSelectSuper = true;
@@ -111,11 +112,16 @@ void addPassingConstructor(NewClass* tree, Env* env, ClassSymbol* c, Types args)
     Arena& arena = env->toplevel->arena;
     ClassDef* def = tree->def;
     int pos = def->pos;
-    MethodSymbol* target = superConstructor(env, c, args);
+    // The body's constructor finds an enclosing instance that is not given by itself.
+    bool isOuterImplied = tree->encl == nullptr && c->hasOuterInstance();
+    Types allArgs = isOuterImplied ? withOuter(arena, c->owner->enclClass()->type, args) : args;
+    MethodSymbol* target = superConstructor(env, c, allArgs);
+    Types targetArgs = target == nullptr ? Types{} : *target->type->argTypes();
+    if (isOuterImplied && target != nullptr) targetArgs = targetArgs.subspan(1);
     Trees params = arena.makeArray<Tree*>(args.size());
     Trees passed = arena.makeArray<Tree*>(args.size());
     for (std::size_t i = 0; i < args.size(); ++i) {
-        Type* type = target != nullptr ? (*target->type->argTypes())[i] : declarable(args[i]);
+        Type* type = target != nullptr ? targetArgs[i] : declarable(args[i]);
         Name* name = Name::fromBytes("x" + std::to_string(i));
         Tree* typeTree = arena.make<KnownType>(pos, type->tsym->name, type->tsym);
         params[i] = arena.make<VarDef>(pos, name, 0U, typeTree, nullptr);
@@ -146,9 +152,11 @@ void passQualifier(NewClass* tree, Env* env) {
 /// A creation with a class body: the body extends or implements the class, and the object is one of the body.
 Type* attrWithBody(NewClass* tree, Env* env, ClassSymbol* c, Types args) {
     ClassDef* def = tree->def;
+    Arena& arena = env->toplevel->arena;
+    auto* base = arena.make<KnownType>(tree->clazz->pos, c->name, c); // the clause is not attributed a second time
     if (c->isInterface()) {
-        def->implementing = env->toplevel->arena.makeArray<Tree*>(1);
-        def->implementing.front() = tree->clazz;
+        def->implementing = arena.makeArray<Tree*>(1);
+        def->implementing.front() = base;
         if (tree->encl != nullptr)
             reportError(tree->pos, messages::qualifierNotInnerClass, c);
         else if (!args.empty())
@@ -157,7 +165,7 @@ Type* attrWithBody(NewClass* tree, Env* env, ClassSymbol* c, Types args) {
         tree->args = {};
         args = {};
     } else {
-        def->extending = tree->clazz;
+        def->extending = base;
     }
     def->name = env->toplevel->anonymousName(*def);
     addPassingConstructor(tree, env, c, args);

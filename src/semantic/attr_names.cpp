@@ -309,7 +309,11 @@ Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, Cl
             outer = encl->attr(env, VAL, anythingType);
         }
     }
-    std::span<Type*> longer = env->toplevel->arena.makeArray<Type*>(args.size() + 1);
+    return withOuter(env->toplevel->arena, outer, args);
+}
+
+Types withOuter(Arena& arena, Type* outer, Types args) {
+    std::span<Type*> longer = arena.makeArray<Type*>(args.size() + 1);
     longer.front() = outer;
     std::copy(args.begin(), args.end(), longer.begin() + 1);
     return longer;

@@ -100,7 +100,7 @@ bool isStaticContext(Env* env, const ClassSymbol* c) {
 
 bool isBlankFinalRefused(Env* env, VarSymbol* v) {
     if (v->type->isConstant()) return true;
-    if (v->owner->kind == MTH) return false;
+    if (v->owner->kind == MTH) return v->owner->enclClass() != resolve::classOf(env); // an inner class has a copy
     if (resolve::classOf(env) != v->owner) return true;
     if (v->isStatic() && !env->isStatic) return true;
     return env->enclMethod != nullptr && env->enclMethod->name != names().init;

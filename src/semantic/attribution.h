@@ -5,6 +5,8 @@
 
 namespace tarn {
 
+class Arena;
+
 /// Checks that attribution shares. Attribution itself is the operation `attr` of the trees: it stores symbol and type
 /// of each node and reports what does not fit. The expected kind is a mask of kinds; the expected type is what the
 /// result must be assignable to, `anythingType` for no expectation.
@@ -24,6 +26,8 @@ Type* unhandled(TypeList* thrown, TypeList* handled);
 /// tree of a given outer instance and `outer` its type, both null if none is given; then `encl` becomes `q.this` of the
 /// class around that serves. Reports if none does, and if one is given in vain.
 Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, ClassSymbol* c);
+/// The argument types with that of the outer instance in front.
+Types withOuter(Arena& arena, Type* outer, Types args);
 /// The attributed tree of an instance given by the source, tested for null before anything else is evaluated.
 Tree* nonNull(Env* env, Tree* instance);
 Symbol* checkNonStaticRef(int pos, Symbol* sym);

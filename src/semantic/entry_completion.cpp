@@ -107,9 +107,9 @@ private:
     ClassSymbol* class_;
 };
 
-void enterSuperclass(ClassDef* tree, ClassSymbol* c) {
+void enterSuperclass(ClassDef* tree, ClassSymbol* c, Env* env) {
     if (tree->extending != nullptr) {
-        ClassSymbol* base = attribBase(tree->env, tree->extending, BaseRole::EXTENDS);
+        ClassSymbol* base = attribBase(env, tree->extending, BaseRole::EXTENDS);
         if (c->superclass == nullptr) c->superclass = base;
     } else if (!c->isRootClass()) {
         c->superclass = context().objectClass;
@@ -117,12 +117,12 @@ void enterSuperclass(ClassDef* tree, ClassSymbol* c) {
     }
 }
 
-void enterInterfaces(ClassDef* tree, ClassSymbol* c) {
+void enterInterfaces(ClassDef* tree, ClassSymbol* c, Env* env) {
     std::span<ClassSymbol*> interfaces = context().arena.makeArray<ClassSymbol*>(tree->implementing.size());
     std::size_t count = 0;
     bool cyclic = false;
     for (Tree* clause : tree->implementing) {
-        ClassSymbol* i = attribBase(tree->env, clause, BaseRole::IMPLEMENTS);
+        ClassSymbol* i = attribBase(env, clause, BaseRole::IMPLEMENTS);
         auto known = interfaces.first(count);
         if (std::find(known.begin(), known.end(), i) != known.end()) reportError(clause->pos, messages::repeated, i);
         interfaces[count++] = i;
@@ -161,7 +161,7 @@ void ClassDef::memberEnter(Env*) {
     if (!isPending(c)) return;
     ScopedSource here(env->toplevel->source);
     if (localScope != nullptr) { // reached from its own clauses
-        reportError(pos, messages::cyclicInheritance, c);
+        if (!brokenCycle) reportError(pos, messages::cyclicInheritance, c);
         c->superclass = context().objectClass;
         c->interfaces = {};
         brokenCycle = true;
@@ -178,8 +178,10 @@ void ClassDef::enterClauses(ClassSymbol* c) {
     c->superclass = nullptr;
     c->interfaces = {};
     localScope = Scope::make(nullptr, nullptr);
-    enterSuperclass(this, c);
-    enterInterfaces(this, c);
+    Env* clauseEnv = env->dup(this);
+    clauseEnv->isClause = true;
+    enterSuperclass(this, c, clauseEnv);
+    enterInterfaces(this, c, clauseEnv);
     checkCyclic(pos, c);
 }
 

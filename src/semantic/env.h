@@ -23,6 +23,7 @@ struct Env {
     TypeList* handled = nullptr; ///< exceptions that may be thrown here without report
     bool isStatic = false;
     bool isSelfCall = false;    ///< the arguments of this(...) or super(...) are being attributed
+    bool isClause = false;      ///< in `extends` and `implements` the members of the class are not visible yet
     bool isSelectSuper = false; ///< the qualifier of the name just being selected was a class name or `super`
 
     /// A first environment: for the unit, with a fresh scope of that owner.

@@ -369,7 +369,7 @@ Symbol* findEnclosedType(Env* env, Name* name, Symbol* best) {
     for (Env* e = env; e != nullptr && e->outer != nullptr; e = e->outer) {
         for (Symbol* entry = e->scope->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
             if (entry->sym->kind == TYP && entry->sym->owner->kind != TYP) return entry->sym;
-        keepBetter(best, findMemberType(e, classOf(e), name));
+        if (!e->isClause) keepBetter(best, findMemberType(e, classOf(e), name));
         if (best->exists()) return best;
     }
     return best;

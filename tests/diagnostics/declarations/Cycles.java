@@ -13,3 +13,9 @@ class Around extends Around.Within {
 // error 362 (12:1): cyclic inheritance involving class Around
     class Within { }
 }
+
+class ByItsMember implements ByItsMember.Member {
+// error 362 (17:1): cyclic inheritance involving class ByItsMember
+    interface Member extends ByItsMember { }
+    //                       ^ error 453: not an interface
+}

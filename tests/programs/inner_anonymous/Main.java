@@ -82,9 +82,26 @@ public class Main {
             }
         };
         System.out.println(c.compareTo(c));
-        System.out.println(new Object[] { new Object() { public String toString() { return "arr";
+        System.out.println(new Object[] { new Object() { public String toString() { return "arr"; } } }[0]);
+        m.ofInnerClasses();
     }
-}
-}[0]);
-}
+
+    class Risky {
+        String t;
+        Risky(String s) throws java.io.IOException {
+            t = s + v;
+            if (s == null) throw new java.io.IOException("risk" + v);
+        }
+    }
+    void ofInnerClasses() {
+        class Local extends Risky {
+            Local(StringBuffer b, long l) throws java.io.IOException { super("" + b + l); }
+        }
+        try {
+            System.out.println(new Local(null, 1) { int u = v; }.t);
+            System.out.println(new Risky(null) { }.t);
+        } catch (java.io.IOException e) {
+            System.out.println(e.getMessage());
+        }
+    }
 }

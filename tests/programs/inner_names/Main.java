@@ -49,6 +49,25 @@ public class Main {
         }
         return new x().get();
     }
+    // What a class extends is not one of its own members, whatever they are called.
+    static class Base {
+        public String toString() { return "base"; }
+    }
+    static class Derived extends Base {
+        class Base {
+            public String toString() { return "member"; }
+        }
+        String both() { return this + " " + new Base(); }
+    }
+    static Object anonymous() {
+        return new Base() {
+            class Base {
+                public String toString() { return "inner"; }
+            }
+            Base own = new Base();
+            public String toString() { return super.toString() + " " + own; }
+        };
+    }
     public static void main(java.lang.String[] args) {
         final String s = "s";
         class String {
@@ -71,5 +90,6 @@ public class Main {
             }
         }));
         System.out.println(m.getX());
+        System.out.println(new Derived().both() + ", " + anonymous());
     }
 }
