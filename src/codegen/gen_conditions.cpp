@@ -1,5 +1,7 @@
 #include "codegen/gen.h"
 
+#include "eval/eval_item.h"
+
 #include <algorithm>
 
 namespace tarn {
@@ -56,17 +58,19 @@ Item* Conditional::gen() {
     CondItem* c = codegen::genCondition(cond);
     Chain* elseChain = c->jumpFalse();
     Chain* exit = nullptr;
+    Origin thenOrigin = Origin::NONE;
+    Origin elseOrigin = Origin::NONE;
     if (!c->isFalse()) {
         out.resolve(c->trueJumps);
-        codegen::genLoadAs(thenpart, type);
+        thenOrigin = codegen::genLoadAny(thenpart, type);
         exit = out.branch(ALWAYS);
     }
     if (elseChain != nullptr) {
         out.resolve(elseChain);
-        codegen::genLoadAs(elsepart, type);
+        elseOrigin = codegen::genLoadAny(elsepart, type);
     }
     out.resolve(exit);
-    return items::stackItem();
+    return eval::choice(pos, type, thenOrigin, elseOrigin);
 }
 
 Item* Conditional::genIf() {

@@ -2,6 +2,7 @@
 
 #include "classfile/class_file.h"
 #include "driver/reporter.h"
+#include "eval/eval_item.h"
 #include "semantic/context.h"
 #include "semantic/resolve.h"
 
@@ -21,7 +22,15 @@ void Tree::genDrop() {
 namespace codegen {
 
 void genLoadAs(Tree* tree, Type* type) {
-    tree->gen()->coerce(tree->type, type)->load(type);
+    Item* item = tree->gen()->coerce(tree->type, type);
+    item->load(type);
+    if (context().options.evaluating) eval::castLoaded(*item, type);
+}
+
+Origin genLoadAny(Tree* tree, Type* type) {
+    Item* item = tree->gen()->coerce(tree->type, type);
+    item->load(type);
+    return tree->type->tag == typetag::NULLTYPE ? Origin::NONE : item->origin();
 }
 
 } // namespace codegen
@@ -154,13 +163,17 @@ Item* Ident::gen() {
         return items::stackItem();
     }
     if (sym->kind == TYP) return items::staticItem();
-    if (sym->owner->kind == MTH) return items::local(pos, static_cast<VarSymbol*>(sym)->adr);
+    bool evaluating = context().options.evaluating;
+    if (sym->owner->kind == MTH)
+        return evaluating ? eval::variable(pos, sym) : items::local(pos, static_cast<VarSymbol*>(sym)->adr);
     require(sym->owner->kind == TYP, "gen");
+    if (evaluating && !sym->isStatic()) return eval::instanceMember(pos, sym);
     Item* qualifier = sym->isStatic() ? items::staticItem() : items::thisItem();
     return qualifier->member(pos, sym, nullptr);
 }
 
 Item* Self::gen() {
+    if (encl != nullptr && context().options.evaluating) return eval::enclosingInstance(pos, encl->type->tsym);
     require(encl == nullptr, "gen");
     if (sym != nullptr) return items::superItem()->member(pos, sym, static_cast<ClassSymbol*>(sym->owner));
     return tag == treetag::SUPER ? items::superItem() : items::thisItem();
@@ -172,7 +185,9 @@ Item* Select::gen() {
     if (sym->kind == VAR && sym->type->isConstant() && !isPlainSelection(this)) return genConstantBehind(this);
     if (sym->kind == TYP) return items::staticItem();
     if (sym == context().lengthVar) {
-        selected->genLoad();
+        Item* array = selected->gen();
+        if (array->origin() != Origin::ORDINARY) return array->member(pos, sym, nullptr);
+        array->load(selected->type);
         emitter().emitop(op::ARRAYLENGTH);
         return items::stackItem();
     }
@@ -188,6 +203,7 @@ Item* Apply::gen() {
 }
 
 Item* NewClass::gen() {
+    if (context().options.evaluating) eval::checkCreation(this);
     require(encl == nullptr && def == nullptr, "gen");
     Emitter& out = emitter();
     out.emitop2(op::NEW, out.poolClass(type));
@@ -218,15 +234,19 @@ Item* ArrayInit::gen() {
 }
 
 Item* Indexed::gen() {
-    indexed->genLoad();
+    Item* array = indexed->gen();
+    array->load(indexed->type);
     index->genLoad();
-    return items::indexedItem();
+    return array->indexed();
 }
 
 Item* TypeOp::gen() {
     if (type->isConstant()) return constantOf(this);
-    if (tag == treetag::TYPECAST) return expr->gen()->coerce(expr->type, type);
-    expr->genLoad();
+    Item* item = expr->gen();
+    if (item->origin() != Origin::ORDINARY && expr->type->tag != typetag::NULLTYPE)
+        if (Item* result = eval::typeOperation(this, item)) return result;
+    if (tag == treetag::TYPECAST) return item->coerce(expr->type, type);
+    item->load(expr->type);
     emitter().emitop2(op::INSTANCEOF, emitter().poolClass(clazz->type));
     return items::stackItem();
 }

@@ -125,7 +125,26 @@ void MethodDef::genMethod(bool fatcode) {
     }
 }
 
+namespace {
+
+/// The constructor of an expression's class is ordinary code.
+class ScopedConstructor {
+public:
+    explicit ScopedConstructor(bool isConstructor) : evaluating_(context().options.evaluating) {
+        if (isConstructor) context().options.evaluating = false;
+    }
+    ~ScopedConstructor() { context().options.evaluating = evaluating_; }
+    ScopedConstructor(const ScopedConstructor&) = delete;
+    ScopedConstructor& operator=(const ScopedConstructor&) = delete;
+
+private:
+    bool evaluating_;
+};
+
+} // namespace
+
 Item* MethodDef::gen() {
+    ScopedConstructor guard(name == names().init);
     if (body != nullptr) {
         genMethod(false);
         checkLimits(this);

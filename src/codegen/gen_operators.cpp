@@ -109,7 +109,7 @@ Item* genPrefixStep(Tree* arg, const OperatorSymbol* operation, int amount) {
     Type* type = arg->type;
     Item* v = arg->gen();
     if (isIntLocal(v, type)) {
-        static_cast<LocalItem*>(v)->incr(amount);
+        static_cast<VariableItem*>(v)->incr(amount);
         return v;
     }
     v->duplicate(type);
@@ -123,7 +123,7 @@ Item* genPostfixStep(Tree* arg, const OperatorSymbol* operation, int amount) {
     Item* v = arg->gen();
     if (isIntLocal(v, type)) {
         v->load(type);
-        static_cast<LocalItem*>(v)->incr(amount);
+        static_cast<VariableItem*>(v)->incr(amount);
         return items::stackItem();
     }
     v->duplicate(type);
@@ -179,12 +179,13 @@ Item* Unary::gen() {
 Item* Assignop::gen() {
     Item* v = lhs->gen();
     if (tag == treetag::ASSIGN) {
+        if (v->origin() != Origin::ORDINARY) return items::assign(v, codegen::genLoadAny(rhs, lhs->type));
         codegen::genLoadAs(rhs, lhs->type);
         return items::assign(v);
     }
     int amount = 0;
     if (isIncrement(this, v, amount)) {
-        static_cast<LocalItem*>(v)->incr(amount);
+        static_cast<VariableItem*>(v)->incr(amount);
         return v;
     }
     v->duplicate(lhs->type);

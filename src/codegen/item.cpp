@@ -1,7 +1,10 @@
 #include "codegen/item.h"
 
 #include "codegen/emitter.h"
+#include "driver/reporter.h"
+#include "eval/eval_item.h"
 #include "semantic/context.h"
+#include "syntax/position.h"
 
 #include <bit>
 
@@ -21,13 +24,21 @@ constinit Recycled<MemberItem> members;
     throw InternalError(std::string(operation) + " " + std::to_string(static_cast<int>(kind)));
 }
 
+/// Whether an expression of a stopped program is being generated.
+bool isEvaluating() {
+    return context().options.evaluating;
+}
+
 /// `TypeName.member`.
 class StaticItem final : public Item {
 public:
     constexpr StaticItem() : Item(Kind::STATIC) {}
 
     Item* member(int pos, Symbol* symbol, ClassSymbol* site) override {
-        if (symbol->isStatic()) return items::member(pos, symbol, site, false, true);
+        if (symbol->isStatic()) {
+            if (isEvaluating() && eval::isRemoteStatic(symbol)) return eval::staticMember(pos, symbol);
+            return items::member(pos, symbol, site, false, true);
+        }
         // The class name of a superclass in front of an instance member.
         return items::superItem()->member(pos, symbol, site);
     }
@@ -59,10 +70,10 @@ Item* indexedItem() {
     return &theIndexedItem;
 }
 Item* thisItem() {
-    return &theThisItem;
+    return isEvaluating() ? eval::frameVariable(NO_POSITION, names().this_) : &theThisItem;
 }
 Item* superItem() {
-    return &theSuperItem;
+    return isEvaluating() ? eval::frameVariable(NO_POSITION, names().this_) : &theSuperItem;
 }
 Item* staticItem() {
     return &theStaticItem;
@@ -75,15 +86,17 @@ ImmediateItem* immediate(ConstantType* value) {
 }
 
 LocalItem* local(int pos, int adr) {
+    if (isEvaluating()) reportError(pos, messages::expressionNotEvaluable);
     LocalItem* item = locals.take();
     item->pos = pos;
     item->adr = adr;
     return item;
 }
 
-AssignItem* assign(Item* lhs) {
+AssignItem* assign(Item* lhs, Origin valueOrigin) {
     AssignItem* item = assigns.take();
     item->lhs = lhs;
+    item->valueOrigin = valueOrigin;
     return item;
 }
 
@@ -114,6 +127,7 @@ void releaseItems() {
     assigns.release();
     conds.release();
     members.release();
+    if (isEvaluating()) eval::releaseItems();
 }
 
 // Item
@@ -206,6 +220,10 @@ Item* Item::member(int pos, Symbol* symbol, ClassSymbol* site) {
     else
         load(ownerType);
     return items::member(pos, symbol, site, kind == Kind::SUPER, kind == Kind::THIS);
+}
+
+Item* Item::indexed() {
+    return &theIndexedItem;
 }
 
 // LocalItem
@@ -328,6 +346,16 @@ void AssignItem::drop(const Type* type) {
 
 void AssignItem::stash(const Type*, int) {
     throw InternalError("stash");
+}
+
+Item* AssignItem::member(int pos, Symbol* symbol, ClassSymbol* site) {
+    if (valueOrigin == Origin::ORDINARY) return Item::member(pos, symbol, site);
+    load(symbol->owner->type);
+    return eval::loadedObject(pos, valueOrigin)->member(pos, symbol, site);
+}
+
+Item* AssignItem::indexed() {
+    return valueOrigin == Origin::ORDINARY ? Item::indexed() : eval::loadedObject(NO_POSITION, valueOrigin)->indexed();
 }
 
 // CondItem

@@ -11,6 +11,14 @@ class Symbol;
 class Type;
 struct Chain;
 
+/// Where an object comes from that an expression of a stopped program deals with. All others come from ordinary code.
+enum class Origin : std::uint8_t {
+    ORDINARY, ///< made by ordinary code: a member of it is accessed by ordinary instructions
+    HANDLE,   ///< a value handle of the stopped program, whose host gives access to what it stands for
+    EITHER,   ///< one or the other, as is known at run time only
+    NONE,     ///< no object: null, or a value that is never reached
+};
+
 /// Something that can be addressed during code generation: a value on the operand stack, a variable, a constant, a
 /// condition that has not become a value, an assignment whose value may or may not be wanted.
 ///
@@ -29,7 +37,7 @@ public:
         INDEXED,   ///< an array reference and an index on the stack
         THIS,      ///< the receiver, in register 0
         SUPER,     ///< the receiver, with calls made non-virtual
-        LOCAL,     ///< LocalItem
+        LOCAL,     ///< VariableItem
         STATIC,    ///< a class name used as a qualifier
         FIELD,     ///< MemberItem
         METHOD,    ///< MemberItem
@@ -61,6 +69,10 @@ public:
     virtual void invoke();
     /// The member of what this item stands for, reached through class `site` (null: the class being generated).
     virtual Item* member(int pos, Symbol* symbol, ClassSymbol* site);
+    /// The element of the array that this item stood for when it was loaded; an index is on the stack above the array.
+    virtual Item* indexed();
+    /// Of the object that the item stands for.
+    [[nodiscard]] virtual Origin origin() const { return Origin::ORDINARY; }
 
     Kind kind;
 
@@ -69,15 +81,25 @@ protected:
 };
 
 /// A local variable or parameter.
-class LocalItem final : public Item {
+class VariableItem : public Item {
 public:
-    LocalItem() : Item(Kind::LOCAL) {}
-    void load(const Type* type) override;
-    void store(const Type* type) override;
+    VariableItem() : Item(Kind::LOCAL) {}
     /// Adds a constant from -128 to 127 to an int variable, in place.
-    void incr(int amount);
+    virtual void incr(int amount) = 0;
 
     int pos = 0;
+
+protected:
+    ~VariableItem() = default;
+};
+
+/// One of the method being generated.
+class LocalItem final : public VariableItem {
+public:
+    void load(const Type* type) override;
+    void store(const Type* type) override;
+    void incr(int amount) override;
+
     int adr = 0; ///< variable index
     LocalItem* link = nullptr;
 
@@ -106,8 +128,12 @@ public:
     void duplicate(const Type* type) override;
     void drop(const Type* type) override;
     void stash(const Type* type, int width) override;
+    Item* member(int pos, Symbol* symbol, ClassSymbol* site) override;
+    Item* indexed() override;
+    [[nodiscard]] Origin origin() const override { return valueOrigin; }
 
     Item* lhs = nullptr;
+    Origin valueOrigin = Origin::ORDINARY; ///< of what is assigned
     AssignItem* link = nullptr;
 };
 
@@ -160,7 +186,8 @@ private:
     [[nodiscard]] int trackedField() const;
 };
 
-/// The items without data.
+/// What makes items. In an expression of a stopped program `thisItem` and `superItem` are the frame's variable `this`,
+/// and a local variable of the generated code is an error (see eval/eval_item.h).
 namespace items {
 
 Item* voidItem();
@@ -172,7 +199,7 @@ Item* staticItem();
 
 ImmediateItem* immediate(ConstantType* value);
 LocalItem* local(int pos, int adr);
-AssignItem* assign(Item* lhs);
+AssignItem* assign(Item* lhs, Origin valueOrigin = Origin::ORDINARY);
 CondItem* cond(int opcode, Chain* trueJumps = nullptr, Chain* falseJumps = nullptr);
 MemberItem* member(int pos, Symbol* symbol, ClassSymbol* site, bool nonvirtual = false, bool selfQualified = false);
 

@@ -5,6 +5,7 @@
 #include "runtime/failure.h"
 #include "runtime/utf8.h"
 #include "store/encoding.h"
+#include "syntax/position.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -76,16 +77,8 @@ void ConsoleReporter::warning(const StoreRef& source, int position, const Messag
 }
 
 void ConsoleReporter::show(std::string_view kind, const StoreRef& source, int position, const Message& message) {
-    int line = static_cast<int>(static_cast<unsigned>(position) >> 10);
-    std::string head;
-    if (source && position != 0) {
-        head += source->canonicalPath().value_or(source->path());
-        head += ":" + std::to_string(line) + ": ";
-    }
-    head += kind;
-    head += std::to_string(message.number) + ": " + message.text;
-    println(head);
-    if (source && position != 0) showLine(source, line, position & 1023);
+    println(diagnosticLine(kind, source, position, message));
+    if (source && position != 0) showLine(source, lineOf(position), columnOf(position));
 }
 
 void ConsoleReporter::showLine(const StoreRef& source, int line, int column) {
@@ -134,6 +127,17 @@ void ConsoleReporter::findLine(int line) {
     } while (next <= line && at < text_.size());
 }
 
+std::string diagnosticLine(std::string_view kind, const StoreRef& source, int position, const Message& message) {
+    std::string line;
+    if (source && position != 0) {
+        line += source->canonicalPath().value_or(source->path());
+        line += ":" + std::to_string(lineOf(position)) + ": ";
+    }
+    line += kind;
+    line += std::to_string(message.number) + ": " + message.text;
+    return line;
+}
+
 void setReporter(Reporter* reporter) {
     state.reporter = reporter;
     state.source = nullptr;
@@ -142,6 +146,10 @@ void setReporter(Reporter* reporter) {
 
 Reporter* currentReporter() {
     return state.reporter;
+}
+
+void replaceReporter(Reporter* reporter) {
+    state.reporter = reporter;
 }
 
 StoreRef setSource(StoreRef source) {

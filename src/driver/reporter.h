@@ -109,6 +109,11 @@ private:
 void setReporter(Reporter* reporter);
 /// The current reporter; null before the first `setReporter`.
 Reporter* currentReporter();
+/// Makes `reporter` current and leaves source and suppression as they are.
+void replaceReporter(Reporter* reporter);
+
+/// The first line in which a diagnostic of that kind ("error #") is shown: path and line, if known, number and text.
+std::string diagnosticLine(std::string_view kind, const StoreRef& source, int position, const Message& message);
 
 /// Makes `source` the file that positions refer to (null for none) and returns the one before.
 StoreRef setSource(StoreRef source);

@@ -76,7 +76,7 @@ CompileTask* Compiler::parseFile(const StoreRef& source) {
 
 // ---- a batch
 
-void Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter) {
+void Compiler::start(StoreRef outputDirectory) {
     memberQueue_.clear();
     attributeQueue_.clear();
     lowerQueue_.clear();
@@ -84,23 +84,48 @@ void Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirecto
     entering_ = false;
     entry::forgetPending();
     outputDirectory_ = std::move(outputDirectory);
-    setReporter(reporter);
     context().options.deprecationSeen = false;
     context().sourceClasses.clear();
+}
+
+CompileTask* Compiler::enterFile(const StoreRef& source) {
+    int errors = errorCount();
+    CompileTask* task = parseFile(source);
+    if (task->unit != nullptr) task->unit->enter();
+    task->ok = errorCount() == errors;
+    return task;
+}
+
+std::vector<bool> Compiler::compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter) {
+    start(std::move(outputDirectory));
+    setReporter(reporter);
+    std::vector<CompileTask*> batch;
     try {
-        for (const StoreRef& source : sources) {
-            int errors = errorCount();
-            CompileTask* task = parseFile(source);
-            if (task->unit != nullptr) task->unit->enter();
-            task->ok = errorCount() == errors;
-            memberQueue_.push_back(task);
-        }
+        for (const StoreRef& source : sources) memberQueue_.push_back(batch.emplace_back(enterFile(source)));
         runQueues();
     } catch (const CompileAbort&) {
         // Reported where it was thrown.
     }
     context().sourceClasses.clear();
     if (context().options.deprecationSeen) reportWarning(0, messages::deprecationNote);
+    std::vector<bool> results;
+    for (const CompileTask* task : batch) results.push_back(task->written);
+    return results;
+}
+
+CompilationUnit* Compiler::attribute(const StoreRef& source) {
+    start(nullptr);
+    CompilationUnit* unit = enterFile(source)->unit;
+    if (unit == nullptr) return nullptr;
+    try {
+        context().initUniverse();
+    } catch (const IoFailure& failure) {
+        reportError(0, messages::initializationError, failure.what());
+        return unit;
+    }
+    unit->memberEnter(nullptr);
+    unit->attribute();
+    return unit;
 }
 
 void Compiler::runQueues() {
@@ -164,6 +189,7 @@ void Compiler::generate(CompileTask& task) {
         ScopedSource here(unit->source);
         for (Tree* def : unit->defs)
             if (def->tag == treetag::CLASSDEF) static_cast<ClassDef*>(def)->genClass(outputDirectory_);
+        task.written = errorCount() == 0;
     }
     if (!task.onDemand) cloneForMake(*unit);
     if (errorCount() == 0) task.release();

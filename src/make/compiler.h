@@ -28,6 +28,7 @@ struct CompileTask {
     CompilationUnit* unit = nullptr;                          ///< null if parsing gave no tree, and once it is gone
     bool onDemand = false;                                    ///< added while a compile was running
     bool ok = true;                                           ///< no error while the unit was parsed or entered
+    bool written = false;                                     ///< all its classes were
 };
 
 /// Takes a batch of sources through parsing, entry, attribution, generation and lowering, by way of three work queues.
@@ -38,15 +39,20 @@ struct CompileTask {
 class Compiler {
 public:
     /// Compiles a batch. A null output directory puts each class file beside its source. Makes `reporter` current; what
-    /// is wrong was reported when this returns.
-    void compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter);
+    /// is wrong was reported when this returns. Tells for each source whether all its classes were written.
+    std::vector<bool> compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter);
+    /// Parses and attributes one source, and generates nothing. The unit, which is null if parsing gave no tree, lives as
+    /// long as this compiler. Reports.
+    CompilationUnit* attribute(const StoreRef& source);
     /// Parses one source with any factory, which keeps what it learns; makes `reporter` current.
     void parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter);
     /// Adds a source to the running compile. Throws CompileAbort if that gives an error.
     void compileOnDemand(const StoreRef& source);
 
 private:
+    void start(StoreRef outputDirectory);
     CompileTask* parseFile(const StoreRef& source);
+    CompileTask* enterFile(const StoreRef& source);
     void runQueues();
     void runTasks();
     void runMemberQueue();

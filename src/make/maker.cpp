@@ -18,9 +18,8 @@ namespace {
 class CurrentMake {
 public:
     CurrentMake(Context& made, Reporter* reporter) {
-        Context::current = &made;
+        made.makeCurrent();
         setReporter(reporter);
-        currentOptions = &made.options;
     }
     ~CurrentMake() {
         currentOptions = nullptr;

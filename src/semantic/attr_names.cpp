@@ -45,8 +45,8 @@ void recordUse(Env* env, Symbol* sym, ClassSymbol* site) {
 
 void checkCaptured(int pos, Env* env, VarSymbol* v) {
     if (v->owner->kind != MTH || env->scope->owner == v->owner || (v->flags & flag::CAPTURED) != 0) return;
-    v->flags |= flag::CAPTURED;
     if (!v->isFinal()) reportError(pos, messages::localMustBeFinal, v);
+    v->flags |= flag::CAPTURED; // only now, since a report may end the attribution
 }
 
 /// Whether the instance member stands behind a static context.

@@ -170,15 +170,15 @@ void checkCaseLabel(Case* tree, std::unordered_set<int>& seen) {
 
 } // namespace
 
-Type* Switch::attr(Env* env, int pkind, Type* pt) {
+Type* Switch::attr(Env* outer, int pkind, Type* pt) {
     if (!checkKind(pos, VAL, pkind)) return type = errType;
-    selector->attr(env, VAL, context().intType);
-    Env* caseEnv = env->dup(this, env->scope->dup(env->toplevel->arena));
+    selector->attr(outer, VAL, context().intType);
+    env = outer->dup(this, outer->scope->dup(outer->toplevel->arena));
     std::unordered_set<int> seen;
     bool hasDefault = false;
     type = pt;
     for (Tree* each : cases) {
-        type = conditionalType(each->pos, type, each->attr(caseEnv, VAL, pt));
+        type = conditionalType(each->pos, type, each->attr(env, VAL, pt));
         if (each->tag != treetag::CASE) continue;
         auto* tree = static_cast<Case*>(each);
         if (tree->pat != nullptr) {
@@ -188,7 +188,7 @@ Type* Switch::attr(Env* env, int pkind, Type* pt) {
             hasDefault = true;
         }
     }
-    caseEnv->scope->leave();
+    env->scope->leave();
     return type;
 }
 

@@ -12,6 +12,11 @@ Context::Context()
     : encoding(resolveEncoding("default"))
     , outputDirectory(std::make_shared<DirectoryStore>("."))
     , classReader(std::make_unique<ClassFile>()) {
+    makeCurrent();
+}
+
+void Context::makeCurrent() {
+    Universe::makeCurrent();
     current = this;
     currentOptions = &options;
 }

@@ -38,6 +38,9 @@ public:
     Context();
     ~Context() override;
 
+    /// Makes this the current context, with its universe and options.
+    void makeCurrent();
+
     /// The class or package of that flat name, or null.
     [[nodiscard]] ClassSymbol* findClass(Name* flatName) const {
         auto found = classes.find(flatName);

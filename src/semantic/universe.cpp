@@ -69,12 +69,20 @@ Universe::Universe() {
     functionBase = primitive(CLASS, "<function>");
     stringBase = primitive(CLASS, "java.lang.String");
     nullType = primitive(NULLTYPE, "null");
-    errType = primitive(ERROR, "<any>");
-    anythingType = primitive(ANYTHING, "<anything>");
+    Type* failed = primitive(ERROR, "<any>");
+    primitive(ANYTHING, "<anything>");
 
-    errSymbol = arena.make<Symbol>();
-    errSymbol->init(flag::PUBLIC | flag::STATIC, ERR, names().error, errType, predefClass);
+    errSymbol_ = arena.make<Symbol>();
+    errSymbol_->init(flag::PUBLIC | flag::STATIC, ERR, names().error, failed, predefClass);
+    makeCurrent();
     arrayMembers = Scope::make(nullptr, nullptr);
+}
+
+void Universe::makeCurrent() {
+    current = this;
+    errType = typeOfTag[ERROR];
+    anythingType = typeOfTag[ANYTHING];
+    errSymbol = errSymbol_;
 }
 
 Type* Universe::primitive(int tag, std::string_view name, std::string_view boxName) {

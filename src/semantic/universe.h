@@ -28,6 +28,10 @@ public:
     Universe& operator=(const Universe&) = delete;
     virtual ~Universe();
 
+    /// Makes this the universe that `universe()`, `errType`, `anythingType` and `errSymbol` stand for, as the constructor
+    /// does.
+    void makeCurrent();
+
     /// Loads the well-known classes and enters the operators; does nothing the second time. Throws ClassNotFound if a
     /// class cannot be had; `initialized` stays false then.
     void initUniverse();
@@ -102,6 +106,8 @@ public:
     static Universe* current;
 
 private:
+    Symbol* errSymbol_ = nullptr;
+
     Type* primitive(int tag, std::string_view name, std::string_view boxName = {});
     void enterPredefinedTypes();
     void loadWellKnownClasses();
@@ -122,7 +128,7 @@ inline Universe& universe() {
     return *Universe::current;
 }
 
-/// Process-wide, valid for all contexts once the first was made.
+/// Of the universe that is current.
 extern Type* errType;      ///< tag ERROR, printed "<any>"
 extern Type* anythingType; ///< tag ANYTHING, printed "<anything>"
 extern Symbol* errSymbol;  ///< what a failed search becomes after its report

@@ -690,6 +690,7 @@ public:
 
     Tree* selector;
     Trees cases;
+    Env* env = nullptr; ///< of the cases
 };
 
 class Labelled final : public LoopTree {

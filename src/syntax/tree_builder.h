@@ -13,7 +13,7 @@ namespace tarn {
 ///
 /// A node that would make its tree too high for the phases to come is reported once and replaced by the Erroneous tree;
 /// declarations, switch cases and catch clauses keep their class even then.
-class TreeBuilder final : public TreeFactory {
+class TreeBuilder : public TreeFactory {
 public:
     explicit TreeBuilder(Arena& arena);
 

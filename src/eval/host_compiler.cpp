@@ -1,0 +1,223 @@
+#include "eval/host_compiler.h"
+
+#include "classfile/class_file.h"
+#include "eval/expression.h"
+#include "eval/tree_search.h"
+#include "make/compiler.h"
+#include "runtime/failure.h"
+#include "semantic/context.h"
+#include "semantic/entry.h"
+#include "store/directory_store.h"
+#include "store/encoding.h"
+#include "syntax/position.h"
+#include "syntax/tree.h"
+
+#include <unordered_map>
+#include <utility>
+
+namespace tarn {
+
+/// The classes that some operations share, and the trees that came with them.
+struct HostCompiler::Workspace {
+    Context context;
+    Compiler compiler;
+    NameTableOf<ClassSymbol*> infos; ///< what `classInfo` has given
+};
+
+/// Makes a workspace's context current for its own life.
+class HostCompiler::ScopedWorkspace {
+public:
+    explicit ScopedWorkspace(Workspace& workspace) : previous_(Context::current) { workspace.context.makeCurrent(); }
+    ~ScopedWorkspace() {
+        if (previous_ != nullptr) {
+            previous_->makeCurrent();
+        } else {
+            Context::current = nullptr;
+            currentOptions = nullptr;
+        }
+    }
+    ScopedWorkspace(const ScopedWorkspace&) = delete;
+    ScopedWorkspace& operator=(const ScopedWorkspace&) = delete;
+
+private:
+    Context* previous_;
+};
+
+namespace {
+
+class ScopedFlag {
+public:
+    explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
+    ~ScopedFlag() { flag_ = false; }
+    ScopedFlag(const ScopedFlag&) = delete;
+    ScopedFlag& operator=(const ScopedFlag&) = delete;
+
+private:
+    bool& flag_;
+};
+
+} // namespace
+
+HostCompiler::HostCompiler()
+    : outputDirectory_(std::make_shared<DirectoryStore>(".")), encoding_(resolveEncoding("default")) {
+    options_.quiet = true;
+}
+
+HostCompiler::~HostCompiler() {
+    Reporter* current = currentReporter();
+    if (current == &evalReporter_ || current == &silentReporter_) tarn::setReporter(nullptr);
+}
+
+// ---- workspaces
+
+std::unique_ptr<HostCompiler::Workspace> HostCompiler::makeWorkspace() {
+    Context* previous = Context::current;
+    auto made = std::make_unique<Workspace>();
+    Context& context = made->context;
+    context.options = options_;
+    context.encoding = encoding_;
+    context.classPath = classPath_;
+    context.outputDirectory = outputDirectory_;
+    Context::current = previous;
+    return made;
+}
+
+void HostCompiler::forgetEvaluation() {
+    evalSource_ = nullptr;
+    evalUnit_ = nullptr;
+    evalDate_ = NO_DATE;
+}
+
+void HostCompiler::forget() {
+    workspace_ = nullptr;
+    forgetEvaluation();
+}
+
+void HostCompiler::setClassPath(PathList path) {
+    classPath_ = std::move(path);
+    forget();
+}
+
+void HostCompiler::setOutputDirectory(StoreRef directory) {
+    outputDirectory_ = std::move(directory);
+    forget();
+}
+
+void HostCompiler::setEncoding(std::optional<std::string> encoding) {
+    encoding_ = std::move(encoding);
+    forget();
+}
+
+Reporter* HostCompiler::reporter() {
+    return currentReporter();
+}
+
+void HostCompiler::setReporter(Reporter* reporter) {
+    replaceReporter(reporter);
+}
+
+// ---- compiling and looking
+
+std::vector<bool> HostCompiler::compile(std::span<const StoreRef> sources, const StoreRef& outputDirectory,
+                                        Reporter* reporter) {
+    std::unique_ptr<Workspace> fresh = makeWorkspace();
+    workspace_ = nullptr; // what it has read may be out of date afterwards
+    ScopedWorkspace current(*fresh);
+    return fresh->compiler.compile(sources, outputDirectory, reporter);
+}
+
+bool HostCompiler::compile(const StoreRef& source, const StoreRef& outputDirectory, Reporter* reporter) {
+    return compile({&source, 1}, outputDirectory, reporter).front();
+}
+
+void HostCompiler::parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter) {
+    if (workspace_ == nullptr) workspace_ = makeWorkspace();
+    ScopedWorkspace current(*workspace_);
+    workspace_->compiler.parseWith(source, factory, reporter);
+}
+
+Symbol* HostCompiler::symbolAt(const StoreRef& source, int position) {
+    workspace_ = makeWorkspace();
+    ScopedWorkspace current(*workspace_);
+    silentReporter_ = SilentReporter();
+    tarn::setReporter(&silentReporter_);
+    return eval::find(workspace_->compiler.attribute(source), position);
+}
+
+ClassSymbol* HostCompiler::classInfo(std::string_view className) {
+    if (workspace_ == nullptr) workspace_ = makeWorkspace();
+    ScopedWorkspace current(*workspace_);
+    Context& context = workspace_->context;
+    ClassSymbol*& info = workspace_->infos[Name::fromString(className)];
+    if (info != nullptr) return info;
+    ScopedFlag keepsPool(context.options.keepPool);
+    return info = context.classReader->load(Name::fromString(className))->clone();
+}
+
+// ---- evaluation
+
+bool HostCompiler::isPrepared(const StoreRef& source) const {
+    return evalSource_ != nullptr && evalSource_->equals(*source) && evalDate_ == source->date();
+}
+
+Env* HostCompiler::envAtLine(const StoreRef& source, int line) {
+    if (evalSource_ == nullptr) {
+        Date date = source->date(); // of what is read, or older
+        evalUnit_ = evaluation_->compiler.attribute(source);
+        evalSource_ = source;
+        evalDate_ = date;
+    }
+    Env* env = eval::walk(evalUnit_, nullptr, line);
+    if (env == nullptr) reportError(makePosition(static_cast<unsigned>(line), 1), messages::lineHasNoCode);
+    return env;
+}
+
+void HostCompiler::writeExpression(std::string_view prefix, std::string_view className, Store& out, int line,
+                                   const StoreRef& source, std::string_view expression) {
+    eval::ClassName name{prefix, className};
+    if (!eval::isLegal(name))
+        throw EvalError("illegal name of a class: " + std::string(prefix) + "." + std::string(className));
+    Env* env = envAtLine(source, line);
+    entry::forgetPending();
+    context().sourceClasses.clear();
+    CompileTask task;
+    Tree* tree = eval::parseExpression(expression, *task.arena);
+    out.write(eval::translate(name, tree, env, line, task));
+}
+
+std::optional<std::string> HostCompiler::tryEvaluate(std::string_view prefix, std::string_view className, Store& out,
+                                                     int line, const StoreRef& source, std::string_view expression) {
+    try {
+        context().initUniverse();
+    } catch (const IoFailure&) {
+        return "compiler initialization error";
+    }
+    try {
+        writeExpression(prefix, className, out, line, source, expression);
+    } catch (const EvalError& failure) {
+        return failure.what();
+    } catch (const IoFailure& failure) {
+        return std::string("error writing to outStream: ") + failure.what();
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> HostCompiler::evaluate(std::string_view prefix, std::string_view className, Store& out,
+                                                  int line, const StoreRef& source, std::string_view expression) {
+    if (!isPrepared(source)) {
+        forgetEvaluation();
+        evaluation_ = makeWorkspace();
+    }
+    ScopedWorkspace current(*evaluation_);
+    ScopedFlag evaluating(context().options.evaluating);
+    tarn::setReporter(&evalReporter_);
+    ScopedSource here(source);
+    try {
+        return tryEvaluate(prefix, className, out, line, source, expression);
+    } catch (...) {
+        forgetEvaluation(); // nothing is known of the state that the trees are in
+        throw;
+    }
+}
+
+} // namespace tarn
