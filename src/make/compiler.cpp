@@ -211,6 +211,7 @@ void Compiler::lowerAll() {
     for (const CompileTask* task : tasks) {
         ScopedSource here(task->unit->source);
         lowering.lower(task->unit);
+        if (context().options.backendTrace) task->unit->Tree::print();
     }
     for (CompileTask* task : tasks) generate(*task);
 }

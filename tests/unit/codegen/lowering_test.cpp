@@ -28,6 +28,15 @@ protected:
     }
 };
 
+TEST_F(LoweringTest, LoweredTreesArePrintedOnDemand) {
+    const char* text = "class A { int x; class B { int f() { return x; } } }";
+    compileFine(text);
+    EXPECT_EQ(reporter.printed, "");
+    context_.options.backendTrace = true;
+    compileFine(text);
+    EXPECT_THAT(reporter.printed, testing::HasSubstr("   int f() {\n      return this0.x;\n   };\n"));
+}
+
 #define SUPER "aload_0, invokespecial java/lang/Object.<init>:()V, "
 
 TEST_F(LoweringTest, InnerClassKeepsTheEnclosingInstance) {

@@ -13,7 +13,7 @@ class RecordingReporter final : public Reporter {
 public:
     RecordingReporter() { setReporter(this); }
     ~RecordingReporter() override { setReporter(nullptr); }
-    void print(std::string_view) override {}
+    void print(std::string_view text) override { printed += text; }
     void println(std::string_view) override {}
     void error(const StoreRef&, int position, const Message& message) override {
         ++errors_;
@@ -27,6 +27,7 @@ public:
     [[nodiscard]] int warningCount() const override { return warnings_; }
 
     std::vector<std::string> said;
+    std::string printed;
 
 private:
     void keep(int position, const std::string& text) {
