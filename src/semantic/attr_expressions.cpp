@@ -27,11 +27,6 @@ Type* attrOperand(Tree* operand, Env* env, int pkind = VAL) {
     return checkNonVoid(operand->pos, type)->tag == VOID ? errType : type;
 }
 
-Type* attrTypeTree(Tree* tree, Env* env) {
-    Type* type = tree->attr(env, TYP, anythingType);
-    return checkNonVoid(tree->pos, type)->tag == VOID ? errType : type;
-}
-
 bool isNumber(const Type* type) {
     return type->tag != ERROR && type->tag <= DOUBLE;
 }

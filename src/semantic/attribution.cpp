@@ -51,6 +51,12 @@ Type* checkNonVoid(int pos, Type* type) {
     return type;
 }
 
+Type* attrTypeTree(Tree* tree, Env* env) {
+    if (tree->type == errType) return errType;
+    Type* type = tree->attr(env, TYP, anythingType);
+    return checkNonVoid(tree->pos, type)->tag == VOID ? tree->type = errType : type;
+}
+
 Type* checkRefType(int pos, Type* type) {
     if (type->tag == CLASS || type->tag == ARRAY || type->tag == NULLTYPE || type->tag == ERROR) return type;
     reportError(pos, messages::objectTypeRequired, type);

@@ -17,6 +17,9 @@ bool checkKind(int pos, int found, int expected);
 /// `found`, or the error type after a report. A constant keeps its identity through it.
 Type* checkAssignable(int pos, Type* found, Type* required);
 Type* checkNonVoid(int pos, Type* type);
+/// The type of a variable, an element or a cast that the tree names; the error type for `void`. The variables of one
+/// declaration share the tree, and what is wrong with it is said once.
+Type* attrTypeTree(Tree* tree, Env* env);
 Type* checkRefType(int pos, Type* type);
 /// Reports the first exception of a method type that is neither handled nor unchecked.
 void checkThrown(int pos, Type* type, TypeList* handled);

@@ -115,7 +115,7 @@ void VarDef::memberEnter(Env* outer) {
     bool isField = owner->kind == TYP;
     std::uint32_t checked =
         checkFlagsByEnv(pos, flags, outer, INTERFACE_FIELD_FLAGS, isField ? FIELD_FLAGS : flag::FINAL);
-    Type* declared = attribution::checkNonVoid(vartype->pos, vartype->attr(outer, TYP, anythingType));
+    Type* declared = attribution::attrTypeTree(vartype, outer);
     Arena& arena = isField ? context().arena : outer->toplevel->arena;
     auto* v = arena.make<VarSymbol>();
     v->init(checked, VAR, name, declared, owner);

@@ -37,6 +37,7 @@ void Parser::syntaxError(Position at, MessageId message, std::string_view argume
 void Parser::skip() {
     int braces = 0;
     int parentheses = 0;
+    scanner_.negativeLiteral = true; // nothing is wrong with a -2147483648 that is passed over
     for (;; step()) {
         switch (token()) {
         case Token::SEMICOLON:

@@ -1,7 +1,7 @@
 import nowhere.Imported;
 //             ^ error 302: cannot access class nowhere.Imported; file nowhere/Imported.class not found
 class NotFound {
-    Missing missingClass;
+    Missing missingClass, saidOnce, inArray[];
   //^ error 300: class Missing not found in class NotFound
     int missingVariable = c;
     //                    ^ error 300: variable c not found in class NotFound

@@ -118,6 +118,7 @@ TEST(ParserErrorTest, BrokenStatements) {
         {"x = #;", "2:5 illegal character"},
         {"x = 2147483648;", "2:5 integer number too large"},
         {"x = -2147483648;", ""},
+        {"x = * -2147483648;", "2:5 illegal start of expression"},
         {"x = a + -2147483648;", ""},
         {"x = a - 2147483648;", "2:9 integer number too large"},
         {"x = -a - 2147483648;", "2:10 integer number too large"},
