@@ -28,6 +28,7 @@ int runGuarded(std::span<const char* const> arguments) {
 } // namespace
 
 int main(int count, char** arguments) {
+    tarn::holdStandardFiles();
     // A write beyond the limit on file sizes is to fail like one on a full disk, not to end the process.
     std::signal(SIGXFSZ, SIG_IGN);
     // A caller may start the tool without even its own name.

@@ -1,11 +1,12 @@
 #include "driver/properties.h"
 
+#include "runtime/failure.h"
 #include "runtime/utf8.h"
+#include "store/directory_store.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tarn {
@@ -229,21 +230,17 @@ private:
     char32_t highSurrogate_ = 0; ///< a first half that waits for its second; 0 for none
 };
 
-std::string readRegularFile(const std::string& path) {
-    std::string text;
-    int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0) return text;
-    struct stat status;
-    if (::fstat(file, &status) == 0 && S_ISREG(status.st_mode)) {
-        text.resize(static_cast<std::size_t>(status.st_size));
-        std::size_t length = 0;
-        ssize_t count = 0;
-        while (length < text.size() && (count = ::read(file, text.data() + length, text.size() - length)) > 0)
-            length += static_cast<std::size_t>(count);
-        text.resize(length);
+constexpr std::size_t largestFile = 1 << 20;
+
+Bytes readRegularFile(const std::string& path) {
+    try {
+        DirectoryStore file(path);
+        Bytes text(std::min(file.readInto({}), largestFile));
+        file.readInto(text);
+        return text;
+    } catch (const IoFailure&) {
+        return {};
     }
-    ::close(file);
-    return text;
 }
 
 } // namespace
@@ -287,7 +284,8 @@ Properties Properties::parse(std::string_view text) {
 }
 
 Properties Properties::fromFile(const std::string& path) {
-    return parse(readRegularFile(path));
+    Bytes text = readRegularFile(path);
+    return parse({reinterpret_cast<const char*>(text.data()), text.size()});
 }
 
 const std::string* Properties::find(const std::string& key) const {

@@ -24,7 +24,7 @@ std::string_view encodingOfLanguage(std::string_view language, std::string_view 
 class Properties {
 public:
     static Properties parse(std::string_view text);
-    /// What can be read of the file; empty if it is no regular file.
+    /// The first megabyte of the file, which is far more than a catalogue; empty if it is no regular file.
     static Properties fromFile(const std::string& path);
 
     /// The value, or null. Of two lines with one key the later holds.

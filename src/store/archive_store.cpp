@@ -50,6 +50,9 @@ constexpr const char* CORRUPTED = "zip file is corrupted";
 /// Deflate makes no more of one byte than this; what claims to needs no memory to be told as garbled.
 constexpr std::uint64_t MAX_INFLATION = 1032;
 
+/// Neither a class nor a source comes near this, and a small archive may not ask for memory without end.
+constexpr std::uint64_t MAX_INFLATED = 64 << 20;
+
 std::uint16_t shortAt(const std::uint8_t* at) {
     return static_cast<std::uint16_t>(at[0] | at[1] << 8);
 }
@@ -263,9 +266,8 @@ ArchiveStore::MemberData ArchiveStore::locate(int entry) {
                     member.offset + std::uint64_t{LOCAL_LENGTH} + shortAt(header + LOCAL_NAME_LENGTH) +
                         shortAt(header + LOCAL_EXTRA_LENGTH),
                     shortAt(header + LOCAL_METHOD) == 0};
-    std::uint64_t length = data.stored ? member.compressedSize : member.size;
-    if (data.offset + member.compressedSize > fileSize_ || length > INT_MAX ||
-        length > member.compressedSize * MAX_INFLATION)
+    if (data.offset + member.compressedSize > fileSize_ || member.compressedSize > INT_MAX) throw IoFailure(CORRUPTED);
+    if (!data.stored && member.size > std::min(MAX_INFLATED, member.compressedSize * MAX_INFLATION))
         throw IoFailure(CORRUPTED);
     return data;
 }

@@ -159,9 +159,9 @@ int main(int count, char** values) {
     using namespace tarn::fuzz;
     Arguments arguments;
     if (!parse(count, values, arguments)) {
-        std::fputs(
-            "usage: fuzz [-library ARCHIVE] [-save FOLDER] TESTS sources|classes|archives|properties [RUNS [FIRST]]\n",
-            stderr);
+        std::fputs("usage: fuzz [-library ARCHIVE] [-save FOLDER] TESTS sources|classes|archives|properties|encodings "
+                   "[RUNS [FIRST]]\n",
+                   stderr);
         return 2;
     }
     int status = 2;

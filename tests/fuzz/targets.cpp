@@ -3,8 +3,10 @@
 #include "driver/properties.h"
 #include "runtime/failure.h"
 #include "store/archive_store.h"
+#include "store/encoding.h"
 #include "unit/store/zip_writer.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -28,7 +30,9 @@ void save(const std::vector<File>& files) {
     for (const File& file : files) writeFile(fs::path(saveFolder) / file.name, file.text);
 }
 
-constexpr std::string_view ENCODINGS[] = {"UTF8", "8859_1", "SJIS", "EUCJIS", "Unicode", "Cp1252", "JIS", "nonsense"};
+constexpr std::string_view ENCODINGS[] = {"UTF8",    "8859_1", "SJIS",       "EUCJIS",        "Unicode",
+                                          "Cp1252",  "JIS",    "UnicodeBig", "UnicodeLittle", "GB2312",
+                                          "KSC5601", "Big5",   "CNS11643",   "MacSymbol",     "nonsense"};
 
 Compilation randomCompilation(const Corpus& corpus, Random& random) {
     Compilation compilation{.classPath = corpus.library};
@@ -148,8 +152,50 @@ void runProperties(const Corpus&, Random& random) {
     require(name == nullptr || name->size() <= 3 * text.size(), "a value longer than the text");
 }
 
-constexpr Target TARGETS[] = {
-    {"sources", runSources}, {"classes", runClassFiles}, {"archives", runArchives}, {"properties", runProperties}};
+// ---- encodings
+
+/// The text of a source, or nothing if it is malformed. In memory of exactly its size, so that a look beyond shows.
+std::optional<Bytes> decoded(const Bytes& source, std::string_view encoding) {
+    auto exact = std::make_unique<std::uint8_t[]>(source.size());
+    std::copy(source.begin(), source.end(), exact.get());
+    try {
+        return decodeSource({exact.get(), source.size()}, std::string(encoding));
+    } catch (const IoFailure&) {
+        return std::nullopt;
+    }
+}
+
+/// Mostly bytes that mean something to the sets of several bytes.
+Bytes randomText(Random& random) {
+    constexpr std::uint8_t TELLING[] = {0x1A, 0x1B, '$',  '(',  '@',  'B',  'I',  'J',  0x0E,
+                                        0x80, 0x81, 0x8E, 0x8F, 0xA0, 0xA1, 0xBF, 0xC0, 0xE0,
+                                        0xED, 0xEF, 0xF0, 0xF4, 0xF8, 0xFC, 0xFD, 0xFE, 0xFF};
+    Bytes text(random.below(24));
+    for (std::uint8_t& byte : text)
+        byte = random.oneIn(2) ? TELLING[random.below(std::size(TELLING))] : static_cast<std::uint8_t>(random.next());
+    return text;
+}
+
+/// The text is ASCII, and a source that is cut is where the whole one begins.
+void runEncodings(const Corpus&, Random& random) {
+    Bytes source = randomText(random);
+    std::string_view encoding = ENCODINGS[random.below(std::size(ENCODINGS))];
+    std::optional<Bytes> whole = decoded(source, encoding);
+    if (!whole) return;
+    require(std::all_of(whole->begin(), whole->end(), [](std::uint8_t byte) { return byte < 0x80; }), "no ASCII");
+    while (!source.empty()) {
+        source.pop_back();
+        std::optional<Bytes> start = decoded(source, encoding);
+        require(start && start->size() <= whole->size() && std::equal(start->begin(), start->end(), whole->begin()),
+                "a cut source means something else");
+    }
+}
+
+constexpr Target TARGETS[] = {{"sources", runSources},
+                              {"classes", runClassFiles},
+                              {"archives", runArchives},
+                              {"properties", runProperties},
+                              {"encodings", runEncodings}};
 
 } // namespace
 

@@ -157,6 +157,10 @@ TEST(PropertiesHostileTest, OnlyRegularFilesAreRead) {
     directory.write("good.properties", "k=v");
     directory.write("empty.properties", "");
     EXPECT_EQ(*Properties::fromFile("good.properties").find("k"), "v");
+    directory.write("large.properties", "k=v\nlast=");
+    std::filesystem::resize_file("large.properties", 1L << 30);
+    EXPECT_EQ(*Properties::fromFile("large.properties").find("k"), "v");
+    EXPECT_LE(Properties::fromFile("large.properties").find("last")->size(), 1u << 20);
     EXPECT_EQ(::mkfifo("pipe.properties", 0600), 0);
     for (const char* name : {"empty.properties", "missing.properties", ".", "pipe.properties", "/dev/zero", ""})
         EXPECT_EQ(Properties::fromFile(name).size(), 0u) << name;

@@ -1,6 +1,7 @@
 #include "driver/reporter.h"
 
 #include "driver/options.h"
+#include "runtime/console.h"
 #include "runtime/failure.h"
 #include "store/memory_store.h"
 #include "syntax/name.h"
@@ -262,6 +263,9 @@ TEST_F(PromptTest, EndsTheRunIfTheAnswerCannotBeRead) {
     int saved = ::dup(STDIN_FILENO);
     ::close(STDIN_FILENO);
     EXPECT_EQ(endOfRun(), "input read error");
+    // A file that is opened now must not be taken for the answers.
+    holdStandardFiles();
+    EXPECT_EQ(endOfRun(), "user abort");
     ::dup2(saved, STDIN_FILENO);
     ::close(saved);
 }

@@ -230,7 +230,7 @@ void walk(ArchiveStore& archive, std::size_t fileSize) {
     archive.list();
 }
 
-TEST_F(ArchiveStoreTest, ACutArchiveIsNoHazard) {
+TEST_F(ArchiveStoreTest, HostileCutsAreNoHazard) {
     std::string whole = library();
     PassingArchive archive;
     ASSERT_TRUE(archive.open(whole).isOpen());
@@ -240,7 +240,7 @@ TEST_F(ArchiveStoreTest, ACutArchiveIsNoHazard) {
     }
 }
 
-TEST_F(ArchiveStoreTest, AGarbledArchiveIsNoHazard) {
+TEST_F(ArchiveStoreTest, HostileBytesAreNoHazard) {
     std::string whole = library();
     PassingArchive archive;
     for (std::size_t at = 0; at < whole.size(); ++at) {
@@ -250,6 +250,16 @@ TEST_F(ArchiveStoreTest, AGarbledArchiveIsNoHazard) {
             walk(archive.open(garbled), whole.size());
         }
     }
+}
+
+TEST_F(ArchiveStoreTest, HostileSizesAskForNoMemory) {
+    std::string noise;
+    for (std::uint32_t i = 1; noise.size() < 100'000; i = i * 1664525 + 1013904223) noise += static_cast<char>(i >> 24);
+    std::string whole = ZipWriter().add({.name = "A", .contents = noise, .deflated = true}).finish();
+    constexpr std::size_t SIZE = 24;
+    auto claim = [&](std::string_view size) { return whole.replace(whole.rfind("PK\1\2") + SIZE, 4, size); };
+    EXPECT_EQ(64u << 20, open(claim({"\0\0\0\4", 4}))->readMemberInto(0, {}));
+    EXPECT_EQ("zip file is corrupted", failureOf([&] { open(claim({"\1\0\0\4", 4}))->readMemberInto(0, {}); }));
 }
 
 TEST_F(ArchiveStoreTest, CorruptedDataIsToldFromLackOfData) {
