@@ -199,6 +199,12 @@ Symbol* Emitter::poolMember(Symbol* member, ClassSymbol* site) {
     return copy;
 }
 
+/// Whether what was found is the method that the library promises; a class file may hold anything.
+static bool givesString(const Symbol* found, std::uint32_t staticFlag) {
+    return found->kind == MTH && (found->flags & flag::STATIC) == staticFlag &&
+           found->type->resType() == context().stringType;
+}
+
 Symbol* Emitter::stringValueOf(const Type* type) {
     Context& current = context();
     // All references go the same way, also null and arrays of char, which have a text like any other object.
@@ -207,7 +213,7 @@ Symbol* Emitter::stringValueOf(const Type* type) {
     if (method == nullptr) {
         Type* argument = reference ? current.objectType : current.typeOfTag[type->tag];
         Symbol* found = resolve::resolveMethod(current.stringClass, Name::fromBytes("valueOf"), argument);
-        if (found->kind == MTH) method = found;
+        if (givesString(found, flag::STATIC)) method = found;
     }
     return method;
 }
@@ -216,7 +222,7 @@ Symbol* Emitter::stringConcat() {
     Context& current = context();
     if (concat_ == nullptr) {
         Symbol* found = resolve::resolveMethod(current.stringClass, Name::fromBytes("concat"), current.stringType);
-        if (found->kind == MTH) concat_ = found;
+        if (givesString(found, 0)) concat_ = found;
     }
     return concat_;
 }

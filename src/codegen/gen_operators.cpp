@@ -20,20 +20,28 @@ bool isComparison(int tag) {
 // Strings. A concatenation is `String.valueOf(a).concat(String.valueOf(b))`; `valueOf` runs for a string too, since it
 // turns null into the text "null".
 
-/// Calls the method; without one an error is reported, and the class gets no file.
-void invokeIfThere(Symbol* method) {
+/// Calls the method. False if there is none: an error was reported, the class gets no file, and only the height of the
+/// stack counts.
+bool invokeIfThere(Symbol* method) {
     if (method != nullptr)
         items::member(emitter().statementPos, method, nullptr)->invoke();
     else
         reportError(emitter().statementPos, messages::notFound, "String.valueOf or String.concat", "");
+    return method != nullptr;
+}
+
+void invokeValueOf(const Type* type) {
+    if (invokeIfThere(emitter().stringValueOf(type))) return;
+    items::stackItem()->drop(type);
+    emitter().emitop(op::ACONST_NULL);
 }
 
 /// Turns the value on the stack into its text. An object's `toString` may give null, which counts as "null", so that
 /// result is a value to be turned into text itself.
 void genStringValue(const Type* type) {
-    invokeIfThere(emitter().stringValueOf(type));
+    invokeValueOf(type);
     if (type->tag == typetag::CLASS && !type->isConstant() && type != context().stringType)
-        invokeIfThere(emitter().stringValueOf(context().stringType));
+        invokeValueOf(context().stringType);
 }
 
 Item* genConcatenation(Item* l, Tree* left, Tree* right) {
@@ -41,7 +49,7 @@ Item* genConcatenation(Item* l, Tree* left, Tree* right) {
     genStringValue(left->type);
     right->genLoad();
     genStringValue(right->type);
-    invokeIfThere(emitter().stringConcat());
+    if (!invokeIfThere(emitter().stringConcat())) items::stackItem()->drop(context().stringType);
     return items::stackItem();
 }
 
