@@ -252,6 +252,42 @@ TEST_F(ArchiveStoreTest, HostileBytesAreNoHazard) {
     }
 }
 
+TEST_F(ArchiveStoreTest, HostileEndRecordsMakeAnArchiveAMissingOne) {
+    std::string whole = ZipWriter().add({.name = "A", .contents = "a"}).add({.name = "B", .contents = "b"}).finish();
+    struct Row {
+        const char* what;
+        std::size_t offset; ///< in the end record
+        std::string bytes;
+        bool isOpen;
+    };
+    for (const Row& row : {Row{"other disk", 4, std::string("\7\0\7\0", 4), true},
+                           Row{"fewer members than there are", 10, std::string("\1\0", 2), true},
+                           Row{"more members than there are", 10, std::string("\3\0", 2), false},
+                           Row{"numbers of 64 bits elsewhere", 10, std::string(10, '\377'), false},
+                           Row{"directory too small", 12, std::string("\60\0\0\0", 4), false},
+                           Row{"directory too large", 12, std::string("\377\377\377\377", 4), false},
+                           Row{"directory behind the end", 16, std::string("\377\377\377\377", 4), false},
+                           Row{"directory elsewhere", 16, std::string("\1\0\0\0", 4), false}}) {
+        std::string garbled = whole;
+        garbled.replace(garbled.rfind("PK\5\6") + row.offset, row.bytes.size(), row.bytes);
+        EXPECT_EQ(row.isOpen, open(garbled)->isOpen()) << row.what;
+    }
+}
+
+TEST_F(ArchiveStoreTest, HostileNamesLeadNowhereElse) {
+    ZipWriter writer;
+    for (const char* name : {"../up", "/root", "a//b", "", "twice", "twice"})
+        writer.add({.name = name, .contents = "x"});
+    std::string whole = writer.finish();
+    std::size_t entry = whole.rfind("PK\1\2");
+    whole.replace(entry + 42, 4, 4, '\0'); // the data of the last is that of the first
+    auto archive = open(whole);
+    for (const char* name : {"../up", "/root", "a//b", "", "twice"})
+        EXPECT_EQ("x", textOf(archive->lookup(name)->read())) << name;
+    for (const char* name : {"up", "root", "a/b", "a/../up"}) EXPECT_FALSE(archive->lookup(name)) << name;
+    EXPECT_EQ((std::vector<std::string>{"", "twice", "twice"}), archive->list());
+}
+
 TEST_F(ArchiveStoreTest, HostileSizesAskForNoMemory) {
     std::string noise;
     for (std::uint32_t i = 1; noise.size() < 100'000; i = i * 1664525 + 1013904223) noise += static_cast<char>(i >> 24);
