@@ -27,6 +27,11 @@ ClassNode& Graph::classNode(Name* flatName) {
     return *node;
 }
 
+ClassNode* Graph::findClass(Name* flatName) const {
+    auto found = classByName_.find(flatName);
+    return found == classByName_.end() ? nullptr : found->second;
+}
+
 SourceNode& Graph::sourceNode(Name* path) {
     SourceNode*& node = sourceByPath_[path];
     if (node == nullptr) {

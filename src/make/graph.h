@@ -145,6 +145,8 @@ public:
 
     /// The node of that flat name, made if it is missing.
     ClassNode& classNode(Name* flatName);
+    /// The node of that flat name, or null.
+    [[nodiscard]] ClassNode* findClass(Name* flatName) const;
     /// The node of that canonical path, made if it is missing.
     SourceNode& sourceNode(Name* path);
     /// A source of which only the simple name is known.

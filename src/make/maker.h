@@ -125,6 +125,9 @@ private:
     void makePackage(PackageNode& package);
     bool makesAsAWhole(const PackageNode& package) const;
     void makeClass(ClassNode& c, PackageNode& package);
+    bool isLeftover(const ClassNode& c);
+    bool isGone(const ClassNode& c);
+    bool remakeForGoneImports(ClassNode& c);
     void makeImports(const ClassNode& c, const PackageNode& package);
     bool remakeForSupertypes(ClassNode& c);
     bool remakeForReferences(ClassNode& c, PackageNode& package);
@@ -157,6 +160,7 @@ private:
     void dropSymbol(ClassNode& c);
 
     // Wide references (wide_references.cpp)
+    static const DefRecord* wholeClassRef();
     bool isOfLibrary(const ClassNode& c);
     std::vector<ClassNode*> supertypesOf(ClassNode& c);
     std::vector<const Name*> namesIn(ClassNode& c);

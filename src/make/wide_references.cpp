@@ -47,6 +47,12 @@ Name* supertypeDates() {
 
 } // namespace
 
+/// Stands for a class as a whole in the reason of a compile.
+const DefRecord* Maker::wholeClassRef() {
+    static const DefRecord whole{wholeClass(), 0};
+    return &whole;
+}
+
 bool Maker::isOfLibrary(const ClassNode& c) {
     return packageNode(c.packageName, false).library;
 }
@@ -203,9 +209,8 @@ const DefRecord* Maker::checkWideRefs(ClassNode& c, const ImportRecord& import, 
                 if (ref->fprint != allNamed(imported, name, defs)) return ref;
         return nullptr;
     };
-    static DefRecord whole{wholeClass(), 0};
     const DefRecord* recorded = import.varrefs.find(wholeClass());
-    if (shapeOf(c, import, imported) != (recorded == nullptr ? 0 : recorded->fprint)) return &whole;
+    if (shapeOf(c, import, imported) != (recorded == nullptr ? 0 : recorded->fprint)) return wholeClassRef();
     if (const DefRecord* field = changed(import.varrefs, &ClassNode::vardefs)) return field;
     return changed(import.funrefs, &ClassNode::fundefs);
 }
