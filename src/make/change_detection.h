@@ -12,6 +12,13 @@ class Symbol;
 /// code. The same from its compile and from its class file, and in every run. The other members have none.
 std::int32_t memberFingerprint(const Symbol* member);
 
+/// A number for the name and what is known of it. Sums of such numbers do not depend on the order of their items, and
+/// are the same in every run.
+std::uint32_t mixed(const Name* name, std::uint32_t value);
+
+/// The name of the wide reference that stands for other classes of an import's name; see WIDE_REFERENCE.
+Name* homonymsName();
+
 /// Walks over what the constant pool of a class refers to, and over the constants of other classes that left no trace
 /// there.
 class ReferenceVisitor {

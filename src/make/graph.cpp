@@ -6,6 +6,7 @@
 #include "store/file_path.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarn {
 
@@ -17,19 +18,38 @@ Name* packageOfClass(Name* flatName) {
 }
 
 ClassNode& Graph::classNode(Name* flatName) {
-    ClassNode*& node = classByName_[flatName];
-    if (node == nullptr) {
-        node = &classes.emplace_back();
-        node->name = flatName;
-        node->simpleName = shortName(flatName);
-        node->packageName = packageOfClass(flatName);
-    }
-    return *node;
+    if (ClassNode* known = classByName_[flatName]) return *known;
+    ClassNode& node = classes.emplace_back();
+    classByName_[flatName] = &node;
+    node.name = flatName;
+    node.simpleName = shortName(flatName);
+    node.packageName = packageOfClass(flatName);
+    link(node);
+    return node;
 }
 
-ClassNode* Graph::findClass(Name* flatName) const {
-    auto found = classByName_.find(flatName);
-    return found == classByName_.end() ? nullptr : found->second;
+/// Tells the class around the new one of it, and the others of its last name.
+void Graph::link(ClassNode& node) {
+    int dollar = node.simpleName->lastIndexOf('$');
+    int length = static_cast<int>(node.simpleName->length);
+    node.lastName = node.simpleName;
+    if (dollar > 0 && dollar + 1 < length) {
+        int prefix = static_cast<int>(node.name->length) - length;
+        node.outer = &classNode(node.name->subName(0, prefix + dollar));
+        char first = node.simpleName->view()[static_cast<std::size_t>(dollar) + 1];
+        bool isMember = first < '0' || first > '9';
+        node.lastName = isMember ? node.simpleName->subName(dollar + 1, length) : nullptr;
+        if (isMember) node.nextMember = std::exchange(node.outer->members, &node);
+    }
+    if (node.lastName == nullptr) return;
+    ClassNode*& newest = classByLastName_[node.lastName];
+    if (newest != nullptr) node.hasHomonym = newest->hasHomonym = true;
+    node.nextHomonym = std::exchange(newest, &node);
+}
+
+ClassNode* Graph::firstOfLastName(Name* lastName) const {
+    auto found = classByLastName_.find(lastName);
+    return found == classByLastName_.end() ? nullptr : found->second;
 }
 
 SourceNode& Graph::sourceNode(Name* path) {

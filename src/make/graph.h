@@ -57,7 +57,8 @@ struct DefRecord {
 /// for a subclass or implementor what these have that concerns it. It is there only if that is not what most classes
 /// look like: public (or of the importer's package), neither final nor abstract, with no supertype but Object. A dot
 /// and a name stand for all members of that name in the class and its supertypes; it is there if a member was looked up
-/// in the class and found in a supertype.
+/// in the class and found in a supertype. Two dots are the dates of the supertypes. Three dots stand for the other
+/// classes that the importer's source could mean by the last name of the import.
 constexpr char WIDE_REFERENCE = '.';
 
 /// What a class remembers of a class that it names: how that looked when the two were compared last.
@@ -72,6 +73,7 @@ struct ImportRecord {
 /// A source file. One that was only read about in a dependency file has no path and stands in its package alone.
 struct SourceNode {
     int state = 0;               ///< the stamp of the validation that accepted it last
+    int importsKnown = 0;        ///< when the classes of its imported packages were looked at, as a make's first stamp
     Name* path = nullptr;        ///< canonical; null if not known
     Name* name = nullptr;        ///< simple file name
     Name* packageName = nullptr; ///< which it states; null if it was not scanned
@@ -108,6 +110,14 @@ struct ClassNode {
     std::int32_t abstracts = 0;          ///< fingerprint of its abstract methods; likewise
     ImportRecord* superclass = nullptr;  ///< one of `imps`; null for java.lang.Object
     std::span<ImportRecord*> interfaces; ///< some of `imps`
+
+    // By the shape of names, and so also for nodes of classes that don't exist
+    Name* lastName = nullptr;         ///< behind the last "." or "$"; null for local and anonymous classes
+    ClassNode* outer = nullptr;       ///< the class around it; null if there is none
+    ClassNode* members = nullptr;     ///< the first of its member classes
+    ClassNode* nextMember = nullptr;  ///< of the same outer class
+    ClassNode* nextHomonym = nullptr; ///< an older one of that last name
+    bool hasHomonym = false;          ///< there is another of that last name
 };
 
 /// A package, as its dependency file and its directories tell.
@@ -145,8 +155,6 @@ public:
 
     /// The node of that flat name, made if it is missing.
     ClassNode& classNode(Name* flatName);
-    /// The node of that flat name, or null.
-    [[nodiscard]] ClassNode* findClass(Name* flatName) const;
     /// The node of that canonical path, made if it is missing.
     SourceNode& sourceNode(Name* path);
     /// A source of which only the simple name is known.
@@ -162,8 +170,14 @@ public:
     NodeTable<PackageNode> packages;
     Name* const unnamedPackage; ///< "."
 
+    /// The newest class of that last name, from which the others are chained; null if there is none.
+    [[nodiscard]] ClassNode* firstOfLastName(Name* lastName) const;
+
 private:
+    void link(ClassNode& node);
+
     NameTableOf<ClassNode*> classByName_;
+    NameTableOf<ClassNode*> classByLastName_;
     NameTableOf<SourceNode*> sourceByPath_;
     std::deque<PackageNode> packageNodes_;
 };

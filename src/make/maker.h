@@ -125,9 +125,6 @@ private:
     void makePackage(PackageNode& package);
     bool makesAsAWhole(const PackageNode& package) const;
     void makeClass(ClassNode& c, PackageNode& package);
-    bool isLeftover(const ClassNode& c);
-    bool isGone(const ClassNode& c);
-    bool remakeForGoneImports(ClassNode& c);
     void makeImports(const ClassNode& c, const PackageNode& package);
     bool remakeForSupertypes(ClassNode& c);
     bool remakeForReferences(ClassNode& c, PackageNode& package);
@@ -159,6 +156,15 @@ private:
     ClassSymbol* loadClass(ClassNode& c, bool withPool);
     void dropSymbol(ClassNode& c);
 
+    // Classes that come and go (class_names.cpp)
+    bool isLeftover(const ClassNode& c) const;
+    bool exists(const ClassNode& c);
+    bool remakeForGoneImports(ClassNode& c);
+    void knowImports(SourceNode& source);
+    bool remakeForHomonyms(ClassNode& c);
+    std::int32_t homonymsOf(const ClassNode& importer, const ImportRecord& import);
+    std::uint32_t hidingMembers(const ClassNode& importer, const ClassNode& c);
+
     // Wide references (wide_references.cpp)
     static const DefRecord* wholeClassRef();
     bool isOfLibrary(const ClassNode& c);
@@ -171,6 +177,7 @@ private:
     bool isAsSeen(const ImportRecord& import, ClassNode& imported);
     bool takeAsSeen(ImportRecord& import, ClassNode& imported);
     void recordWideRefs(ClassNode& c);
+    void recordHomonyms(ClassNode& c);
     const DefRecord* checkWideRefs(ClassNode& c, const ImportRecord& import, ClassNode& imported);
 
     Context context_;

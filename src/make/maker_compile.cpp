@@ -153,6 +153,7 @@ void Maker::updateClass(ClassNode& c) {
         if (!isWhole) return;
         if (!c.refsCached) cacheRefs(c);
         recordWideRefs(c);
+        recordHomonyms(c);
         uses_.erase(c.name);
     }
     c.state = stamp_ + progress::DONE;

@@ -196,42 +196,13 @@ void Maker::makeClass(ClassNode& c, PackageNode& package) {
         return;
     }
     if (!c.impsCached) cacheImps(c);
-    if (c.source != nullptr && remakeForGoneImports(c)) return;
+    bool isOurs = c.source != nullptr && c.sourceName != nullptr;
+    if (isOurs && remakeForGoneImports(c)) return;
     makeImports(c, package);
+    if (isOurs && remakeForHomonyms(c)) return;
     if (c.sourceName != nullptr && remakeForSupertypes(c)) return;
     if (remakeForReferences(c, package)) return;
     updateClass(c);
-}
-
-/// Whether the class is the file of a member or local class that is in the source of its outer class no more. Nobody can
-/// name it, and nobody can compile it.
-bool Maker::isLeftover(const ClassNode& c) {
-    if (c.source != nullptr || !c.store || isInTheAir(c)) return false;
-    std::string_view name = c.name->view();
-    for (std::size_t at; (at = name.rfind('$')) != std::string_view::npos && at > 0;) {
-        name = name.substr(0, at);
-        const ClassNode* outer = graph_.findClass(Name::fromBytes(name));
-        if (outer != nullptr && outer->validated >= base_ && outer->source != nullptr) return true;
-    }
-    return false;
-}
-
-/// Whether there is neither a source nor a class file that counts.
-bool Maker::isGone(const ClassNode& c) {
-    PackageNode& package = packageNode(c.packageName, false);
-    if (isUnchecked(package) || package.library) return false;
-    scanPackage(package);
-    return c.validated < base_ || isLeftover(c);
-}
-
-/// A class that names one that is gone may mean another one now. Whether it was compiled.
-bool Maker::remakeForGoneImports(ClassNode& c) {
-    for (const ImportRecord* import : c.imps.nodes()) {
-        if (!isGone(graph_.classNode(import->name))) continue;
-        compileClass(c, reason::REFERENCE, import, wholeClassRef());
-        return true;
-    }
-    return false;
 }
 
 void Maker::makeImports(const ClassNode& c, const PackageNode& package) {

@@ -6,6 +6,7 @@
 // references of their own (see WIDE_REFERENCE), which are stored and compared like those to members. A library counts
 // as one with what it says of itself: none of its classes is read for this.
 
+#include "make/change_detection.h"
 #include "make/maker.h"
 #include "semantic/universe.h"
 
@@ -14,17 +15,12 @@
 
 namespace tarn {
 
-namespace {
-
-/// Sums of these do not depend on the order of the items.
 std::uint32_t mixed(const Name* name, std::uint32_t value) {
     std::uint32_t hash = static_cast<std::uint32_t>(name->contentHash()) * 1664525 + value;
     hash = (hash ^ hash >> 16) * 0x85EBCA6B;
     hash = (hash ^ hash >> 13) * 0xC2B2AE35;
     return hash ^ hash >> 16;
 }
-
-} // namespace
 
 namespace {
 
@@ -46,6 +42,11 @@ Name* supertypeDates() {
 }
 
 } // namespace
+
+Name* homonymsName() {
+    static Name* const name = Name::fromBytes("...");
+    return name;
+}
 
 /// Stands for a class as a whole in the reason of a compile.
 const DefRecord* Maker::wholeClassRef() {
@@ -104,7 +105,9 @@ std::int32_t Maker::shapeOf(ClassNode& importer, const ImportRecord& import, Cla
     if (importer.packageName == imported.packageName) flags &= ~flag::PUBLIC;
     std::uint32_t shape = flags == 0 ? 0 : mixed(names().empty, flags);
     std::vector<ClassNode*> supertypes = supertypesOf(imported);
-    for (const ClassNode* supertype : supertypes) shape += mixed(supertype->name, 1);
+    shape += hidingMembers(importer, imported);
+    for (const ClassNode* supertype : supertypes)
+        shape += mixed(supertype->name, 1) + hidingMembers(importer, *supertype);
     bool isInherited =
         importer.superclass == &import ||
         std::find(importer.interfaces.begin(), importer.interfaces.end(), &import) != importer.interfaces.end();
@@ -197,6 +200,17 @@ void Maker::recordWideRefs(ClassNode& c) {
         bool areReliable = true;
         add(wholeClass(), shapeOf(c, *import, imported));
         add(supertypeDates(), datesOfSupertypes(imported, areReliable));
+    }
+}
+
+/// Also of imports from libraries.
+void Maker::recordHomonyms(ClassNode& c) {
+    if (c.source == nullptr) return;
+    knowImports(*c.source);
+    for (ImportRecord* import : c.imps.nodes()) {
+        std::int32_t homonyms = homonymsOf(c, *import);
+        if (homonyms == 0) continue;
+        import->varrefs.put(graph_.arena, graph_.arena.make<DefRecord>(DefRecord{homonymsName(), homonyms}));
     }
 }
 

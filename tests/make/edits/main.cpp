@@ -159,8 +159,9 @@ Run Project::build(const Roots& roots) {
     fs::path ref = place_ / "ref";
     fs::remove_all(ref);
     fs::create_directories(ref);
-    std::vector<std::string> command = {tool_, "-classpath", ref.string() + ":" + library_, "-sourcepath",
-                                        (place_ / "src").string(), "-d", ref.string()};
+    std::vector<std::string> command = {
+        tool_, "-classpath", ref.string() + ":" + library_, "-sourcepath", (place_ / "src").string(),
+        "-d",  ref.string()};
     if (besideSources_) { // the class files there must not be seen
         fs::copy(place_ / "src", ref, fs::copy_options::recursive);
         for (const fs::path& file : files(ref, ".class")) fs::remove(file);
@@ -224,7 +225,9 @@ std::string Project::playTricks() {
     switch (random_.below(5)) {
     case 0: fs::remove(file); return "deleted " + told;
     case 1: fs::resize_file(file, random_.below(text.size())); return "cut " + told;
-    case 2: setDate(file, std::time(nullptr) + 3600 * static_cast<std::time_t>(random_.below(3))); return "dated " + told;
+    case 2:
+        setDate(file, std::time(nullptr) + 3600 * static_cast<std::time_t>(random_.below(3)));
+        return "dated " + told;
     case 3: text = readFile(random_.oneOf(records)); break;
     default: text += "x"; break;
     }
@@ -263,8 +266,10 @@ bool Project::step() {
         note(program_.edit(random_));
         only = program_.editedPath();
     }
-    if (!only.empty() && random_.oneIn(2)) note("  in that file alone");
-    else only.clear();
+    if (!only.empty() && random_.oneIn(2))
+        note("  in that file alone");
+    else
+        only.clear();
     sync(only);
     if (only.empty() ? random_.oneIn(2) : random_.oneIn(6)) note(playTricks());
     isPartial_ = random_.oneIn(3);

@@ -9,8 +9,11 @@ namespace tarn::edits {
 namespace {
 
 constexpr std::array PACKAGES = {"", "app", "app.view", "base", "data", "net"};
-constexpr std::array CLASS_NAMES = {"Ant", "Bee",  "Cow",  "Dog", "Elk", "Fox", "Gnu",  "Hen", "Jay", "Kite",
-                                    "Lark", "Mole", "Newt", "Owl", "Pig", "Ram", "Seal", "Toad"};
+constexpr std::array CLASS_NAMES = {"Ant",  "Bat",   "Bee",  "Cat",  "Cod",  "Cow",  "Crab", "Crow", "Doe",  "Dog",
+                                    "Duck", "Eel",   "Elk",  "Emu",  "Fly",  "Fox",  "Frog", "Gnat", "Gnu",  "Hare",
+                                    "Hawk", "Hen",   "Jay",  "Kid",  "Kite", "Lamb", "Lark", "Lion", "Lynx", "Mole",
+                                    "Moth", "Mouse", "Mule", "Newt", "Owl",  "Ox",   "Pig",  "Pike", "Pony", "Ram",
+                                    "Rat",  "Seal",  "Slug", "Swan", "Tern", "Toad", "Wasp", "Wolf", "Worm", "Wren"};
 constexpr std::array VALUE_TYPES = {"int", "long", "String", "double", "byte", "boolean"};
 constexpr std::array FIELD_TYPES = {"int", "long", "String", "double", "Object", "char"};
 constexpr std::array ACCESS = {"public ", "public ", "public ", "", "private ", "protected "};
@@ -76,8 +79,9 @@ int Program::addClass(Random& random, const std::string& package, int outer) {
         });
     };
     do {
-        added.name = oneOf(random, CLASS_NAMES);
-        if (outer >= 0 && !random.oneIn(6)) added.name = "In" + std::to_string(random.below(4));
+        bool isLikeOther = !classes_.empty() && random.oneIn(4);
+        added.name = isLikeOther ? classes_[outermost(chooseClass(random))].name : oneOf(random, CLASS_NAMES);
+        if (outer >= 0 && !random.oneIn(3)) added.name = "In" + std::to_string(random.below(4));
     } while (isTaken(added.name) || (outer >= 0 && added.name == classes_[outer].name));
     added.outer = outer;
     added.isInterface = outer < 0 && random.oneIn(5);
@@ -103,12 +107,13 @@ int Program::addClass(Random& random, const std::string& package, int outer) {
         if (interface >= 0 && std::find(all.begin(), all.end(), interface) == all.end()) all.push_back(interface);
     }
     if (classes_[c].isInterface) classes_[c].superclass = -1;
-    bool inheritsAbstract = !classes_[c].interfaces.empty() ||
-                            (classes_[c].superclass >= 0 && has(classes_[classes_[c].superclass].modifiers, "abstract"));
+    bool inheritsAbstract =
+        !classes_[c].interfaces.empty() ||
+        (classes_[c].superclass >= 0 && has(classes_[classes_[c].superclass].modifiers, "abstract"));
     if (!classes_[c].isInterface && (inheritsAbstract || random.oneIn(10))) classes_[c].modifiers += "abstract ";
     for (std::size_t i = 2 + random.below(5); i > 0; i--) {
-        constexpr std::array KINDS = {Member::FIELD, Member::CONSTANT, Member::CONSTANT,
-                                      Member::METHOD, Member::METHOD, Member::CONSTRUCTOR};
+        constexpr std::array KINDS = {Member::FIELD,  Member::CONSTANT, Member::CONSTANT,
+                                      Member::METHOD, Member::METHOD,   Member::CONSTRUCTOR};
         addMember(random, c, random.oneOf(KINDS));
     }
     if (!classes_[c].isInterface && (outer < 0 ? random.oneIn(3) : random.oneIn(6))) addClass(random, package, c);
@@ -253,9 +258,8 @@ int Program::chooseSuperclass(Random& random, int c, bool isInterface) const {
 void Program::pruneUses(int target, int member) {
     for (Class& c : classes_)
         for (Member& m : c.members)
-            std::erase_if(m.uses, [&](const Use& use) {
-                return use.target == target && (member < 0 || use.member == member);
-            });
+            std::erase_if(m.uses,
+                          [&](const Use& use) { return use.target == target && (member < 0 || use.member == member); });
 }
 
 // ---- looking
@@ -320,9 +324,7 @@ std::string Program::editMember(Random& random, int c) {
     std::string what = m->name + ": ";
     switch (random.below(7)) {
     case 0: return what + removeMember(random, c);
-    case 1:
-        m->name = m->name.substr(0, 1) + std::to_string(random.below(MOST_NAMES));
-        return what + "now " + m->name;
+    case 1: m->name = m->name.substr(0, 1) + std::to_string(random.below(MOST_NAMES)); return what + "now " + m->name;
     case 2: {
         Member changed = *m;
         changed.salt++;

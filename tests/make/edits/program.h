@@ -15,8 +15,8 @@ using Texts = std::map<std::string, std::string>; ///< of sources, by relative p
 struct Use {
     enum Form { STATIC, INSTANCE, SIMPLE, CASE, NEW, LITERAL, ARRAY };
     Form form = STATIC;
-    int target = 0;      ///< class
-    int member = -1;     ///< of the target; -1 for the class itself
+    int target = 0;       ///< class
+    int member = -1;      ///< of the target; -1 for the class itself
     std::string argument; ///< of a call; # and a number is null, as that class
     bool qualified = false;
 };
@@ -30,8 +30,8 @@ struct Member {
     std::string value;                   ///< of a constant, unless it is a use of another
     std::vector<std::string> parameters; ///< types
     std::vector<std::string> thrown;
-    std::vector<Use> uses; ///< in the body, or in the initializer
-    int salt = 0;          ///< makes one body differ from another
+    std::vector<Use> uses;  ///< in the body, or in the initializer
+    int salt = 0;           ///< makes one body differ from another
     bool anonymous = false; ///< the uses stand in an anonymous class in the body
     bool alive = true;
 };
@@ -49,8 +49,8 @@ struct Class {
 };
 
 struct File {
-    std::string package; ///< "" for the unnamed one
-    std::string name;    ///< without ".java"
+    std::string package;   ///< "" for the unnamed one
+    std::string name;      ///< without ".java"
     bool onDemand = false; ///< how it imports
 };
 

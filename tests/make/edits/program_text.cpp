@@ -117,7 +117,8 @@ std::string Program::body(int c, const Member& m, const std::string& indent) con
                      "    } }.run(\"\");\n";
     text += indent + "try {\n" + statements + indent + "} catch (Throwable t) { }\n";
     if (m.kind == Member::CONSTRUCTOR || m.type == "void") return text;
-    if (m.type[0] == '#' || m.type[0] == '~' || m.type == "String" || m.type == "Object") return text + indent + "return null;\n";
+    if (m.type[0] == '#' || m.type[0] == '~' || m.type == "String" || m.type == "Object")
+        return text + indent + "return null;\n";
     return text + indent + (m.type == "boolean" ? "return true;\n" : "return 1;\n");
 }
 

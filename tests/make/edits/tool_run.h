@@ -15,9 +15,9 @@ struct Harm {
 
 /// What a run of the tool came to.
 struct Run {
-    int status = 0;          ///< exit status; -1 if it was killed
-    std::string output;      ///< standard output and error
-    int writes = 0;          ///< changes to files that a traced run made
+    int status = 0;     ///< exit status; -1 if it was killed
+    std::string output; ///< standard output and error
+    int writes = 0;     ///< changes to files that a traced run made
     [[nodiscard]] bool ok() const { return status == 0; }
 };
 
