@@ -30,9 +30,20 @@ public class Casts {
     }
 
     public static Object cast(Object value, String className) {
-        if (value == null || isInstance(value, className)) return value;
+        if (value == null) return null;
+        if (isInstance(value, className)) {
+            if (value instanceof Handle) see((Handle) value, className.replace('/', '.'));
+            return value;
+        }
         String actual = value instanceof Handle ? ((Handle) value).read().type().name() : value.getClass().getName();
         throw new ClassCastException(actual);
+    }
+
+    /** The fields are now those of that class. Arrays have none. */
+    private static void see(Handle object, String name) {
+        ReferenceType type = (ReferenceType) object.read().type();
+        while (type instanceof ClassType && !type.name().equals(name)) type = ((ClassType) type).superclass();
+        if (type instanceof ClassType) object.frame().cast(object, type);
     }
 
     private static boolean isSubtype(Type type, String name) {

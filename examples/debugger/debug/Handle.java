@@ -1,6 +1,7 @@
 package debug;
 
 import com.sun.jdi.ArrayReference;
+import com.sun.jdi.ArrayType;
 import com.sun.jdi.ClassNotLoadedException;
 import com.sun.jdi.Field;
 import com.sun.jdi.InvalidTypeException;
@@ -24,7 +25,7 @@ abstract class Handle implements IEvaluatorContext {
 
     abstract void write(Value value) throws InvalidTypeException, ClassNotLoadedException;
 
-    /** The class that the place is declared with; null if that is not known or is no class. */
+    /** The class that the place is declared with, or the object was last seen as; null if that is not known or is no class. */
     ReferenceType declaredType() {
         return null;
     }
@@ -45,13 +46,11 @@ abstract class Handle implements IEvaluatorContext {
         ArrayReference array = (ArrayReference) readReference();
         if (index < 0 || index >= array.length())
             throw new ArrayIndexOutOfBoundsException("index " + index + " of an array of " + array.length());
-        return frame().elementOf(array, index);
+        Object declared = declaredType();
+        return frame().elementOf(array, (ArrayType) (declared instanceof ArrayType ? declared : array.type()), index);
     }
 
-    /**
-     * The language takes the field that the declared class has, whatever a subclass calls its own fields. Only where the declared
-     * class has none, as with a handle that a cast gave, the object's own class is asked.
-     */
+    /** The language takes the field that the declared class has, whatever a subclass calls its own fields. */
     private Field findField(ObjectReference object, String name) {
         ReferenceType declared = declaredType();
         Field field = declared == null ? null : declared.fieldByName(name);
@@ -101,7 +100,7 @@ abstract class Handle implements IEvaluatorContext {
     }
 
     public Object getObjectValue() {
-        return frame().toObject(read());
+        return frame().toObject(read(), declaredType());
     }
 
     public void setByteValue(byte value) {

@@ -84,20 +84,25 @@ class StoppedFrame extends Handle {
 
     // ---- what comes out of the program and goes into it
 
-    /** Null, a string or a handle for a value of the program that is no primitive one. */
-    Object toObject(Value value) {
+    /** Null, a string or a handle for a value of the program that is no primitive one, read from a place declared with `view`. */
+    Object toObject(Value value, ReferenceType view) {
         if (value == null) return null;
-        Object known = objects.get(value);
-        if (known != null) return known;
-        Object result;
-        if (value instanceof StringReference) {
-            result = ((StringReference) value).value();
-            strings.put(result, value);
-        } else {
-            result = new Constant(value);
-        }
-        objects.put(value, result);
+        Object result = objects.get(value);
+        if (result == null) objects.put(value, result = newObject(value));
+        if (result instanceof Constant) ((Constant) result).view = view;
         return result;
+    }
+
+    private Object newObject(Value value) {
+        if (!(value instanceof StringReference)) return new Constant(value);
+        Object string = ((StringReference) value).value();
+        strings.put(string, value);
+        return string;
+    }
+
+    /** The object is a `type` from here on, up to the next cast of it and the next time that it is read. */
+    void cast(Handle object, ReferenceType type) {
+        ((Constant) object).view = type;
     }
 
     /** The opposite. A string that is not from the program is made there. */
@@ -127,8 +132,9 @@ class StoppedFrame extends Handle {
         return new InstanceField(object, field);
     }
 
-    Handle elementOf(ArrayReference array, int position) {
-        return new Element(array, position);
+    /** `type` is what the array is declared as. */
+    Handle elementOf(ArrayReference array, ArrayType type, int position) {
+        return new Element(array, type, position);
     }
 
     Handle lengthOf(ArrayReference array) {
@@ -233,10 +239,12 @@ class StoppedFrame extends Handle {
 
     private class Element extends Inside {
         private final ArrayReference array;
+        private final ArrayType type;
         private final int position;
 
-        Element(ArrayReference array, int position) {
+        Element(ArrayReference array, ArrayType type, int position) {
             this.array = array;
+            this.type = type;
             this.position = position;
         }
 
@@ -250,16 +258,20 @@ class StoppedFrame extends Handle {
 
         ReferenceType declaredType() {
             try {
-                return classOrNull(((ArrayType) array.type()).componentType());
+                return classOrNull(type.componentType());
             } catch (ClassNotLoadedException failure) {
                 return null;
             }
         }
     }
 
-    /** A value itself: an object, an array, the length of an array. */
+    /**
+     * A value itself: an object, an array, the length of an array. That of an object is one for all places that it is read from.
+     * Since the code of an expression asks for a field as soon as it has the object, it is enough to know the last of them.
+     */
     private class Constant extends Inside {
         private final Value value;
+        private ReferenceType view;
 
         Constant(Value value) {
             this.value = value;
@@ -271,6 +283,10 @@ class StoppedFrame extends Handle {
 
         void write(Value value) {
             throw new EvaluationFailure("this is no variable");
+        }
+
+        ReferenceType declaredType() {
+            return view;
         }
 
         /** A concatenation takes an object's text from here. */

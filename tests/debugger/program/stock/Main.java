@@ -54,7 +54,7 @@ public class Main {
         System.out.println(main.scopes(6));
         Part.Clerk clerk = bolt.new Clerk();
         System.out.println(bolt.twice() + clerk.take(4));
-        System.out.println("end " + trace);
+        System.out.println("end " + trace + Special.sample());
         System.exit(starts);
     }
 }
