@@ -191,7 +191,9 @@ Item* Select::gen() {
         emitter().emitop(op::ARRAYLENGTH);
         return items::stackItem();
     }
-    return selected->gen()->member(pos, sym, selected->type->tsym);
+    Item* object = selected->gen();
+    if (object->origin() != Origin::ORDINARY) eval::checkNotHidden(this);
+    return object->member(pos, sym, selected->type->tsym);
 }
 
 Item* Apply::gen() {

@@ -304,28 +304,43 @@ void castLoaded(const Item& item, Type* type) {
     if (type != context().objectType) emitter().emitop2(op::CHECKCAST, emitter().poolClass(type));
 }
 
+Item* typeOperation(TypeOp* tree, Item* item) {
+    Type* from = tree->expr->type;
+    Type* to = tree->clazz->type;
+    if (tree->tag == treetag::TYPETEST || typeCode(to) != typecode::OBJECT) return nullptr;
+    if (from->isSubType(to) || to == context().stringType) return nullptr;
+    Origin origin = item->origin();
+    item->coerce(from, to);
+    return loadedObject(tree->pos, origin);
+}
+
 namespace {
 
-/// Whether the object is there at all: all that is to be known if the test can't fail otherwise.
-Item* notNull(Item* item, const Type* type) {
-    item->load(type);
-    emitter().emitop(op::ACONST_NULL);
-    return items::cond(op::IF_ACMPNE);
+/// Whether a search for the field's name, from the class that the object is declared with where it is read, finds it.
+bool findsField(const Tree* object, const Symbol* field) {
+    switch (object->tag) {
+    case treetag::SUPER: return resolve::lookupKind(resolve::classOf(place), VAR, field->name) == field;
+    case treetag::CONDITIONAL: {
+        const auto* choice = static_cast<const Conditional*>(object);
+        return findsField(choice->thenpart, field) && findsField(choice->elsepart, field);
+    }
+    case treetag::ASSIGN: return findsField(static_cast<const Assignop*>(object)->rhs, field);
+    case treetag::TYPECAST: {
+        const auto* cast = static_cast<const TypeOp*>(object);
+        if (cast->expr->type->isSubType(cast->type)) return findsField(cast->expr, field);
+        break;
+    }
+    default: break;
+    }
+    if (object->type->tag != typetag::CLASS) return true;
+    return resolve::lookupKind(object->type->tsym, VAR, field->name) == field;
 }
 
 } // namespace
 
-/// A handle tells nothing of the class of its object. So a cast changes nothing, and a test is an error unless the
-/// operand's type decides it. Strings are no handles.
-Item* typeOperation(TypeOp* tree, Item* item) {
-    Type* from = tree->expr->type;
-    Type* to = tree->clazz->type;
-    if (typeCode(from) != typecode::OBJECT || typeCode(to) != typecode::OBJECT) return nullptr;
-    bool isUpward = from->isSubType(to);
-    if (tree->tag == treetag::TYPETEST && isUpward) return notNull(item, from);
-    if (isUpward || to == context().stringType) return nullptr;
-    if (tree->tag == treetag::TYPETEST) reportError(tree->pos, messages::expressionNotEvaluable);
-    return item;
+void checkNotHidden(const Select* tree) {
+    if (tree->sym->kind != VAR || tree->sym->isStatic() || findsField(tree->selected, tree->sym)) return;
+    reportError(tree->pos, messages::expressionNotEvaluable);
 }
 
 void checkCreation(const NewClass* tree) {

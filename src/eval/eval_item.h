@@ -6,6 +6,7 @@ namespace tarn {
 
 class Name;
 class NewClass;
+class Select;
 class TypeOp;
 struct Env;
 
@@ -45,8 +46,8 @@ public:
     EvalValueItem* link = nullptr;
 };
 
-/// What `getObjectValue` gave, on top of the stack: a handle of an object, whose fields and elements have handles again.
-/// As a value it is like any other on the stack.
+/// What `getObjectValue` gave, on top of the stack: a handle of an object, whose fields and elements have handles
+/// again. As a value it is like any other on the stack.
 class EvalObjectItem final : public Item {
 public:
     EvalObjectItem() : Item(Kind::STACK) {}
@@ -71,8 +72,8 @@ private:
 namespace eval {
 
 Item* frameVariable(int pos, Name* name);
-/// A local variable or parameter of the source; one of a method around the class in which the program stopped is found in
-/// the copy that the class keeps.
+/// A local variable or parameter of the source; one of a method around the class in which the program stopped is found
+/// in the copy that the class keeps.
 Item* variable(int pos, Symbol* symbol);
 /// A member by its simple name: of `this`, or of the enclosing instance that has it.
 Item* instanceMember(int pos, Symbol* symbol);
@@ -87,8 +88,14 @@ Item* loadedObject(int pos, Origin origin);
 Item* choice(int pos, const Type* type, Origin a, Origin b);
 /// Makes what was just loaded fit for ordinary code, which takes a `type`.
 void castLoaded(const Item& item, Type* type);
-/// A cast or test of a type whose operand `item` may be a handle; null if ordinary code serves.
+/// A cast whose operand `item` may be a handle, as what it gives is then; null if ordinary code serves. The
+/// instructions are those of ordinary code for tests too: the host sees to it that they go by the object behind a
+/// handle.
 Item* typeOperation(TypeOp* tree, Item* item);
+/// Reports a field that is hidden where the host looks for it: handles go by names, and an object's is searched from
+/// the class that it was read or cast as. Behind `super` and a cast to a superclass, which does nothing, that is
+/// another class than the expression's.
+void checkNotHidden(const Select* tree);
 /// Reports a creation that would need an instance or a variable of the stopped program.
 void checkCreation(const NewClass* tree);
 /// Ends the life of all items of this file.
