@@ -88,8 +88,7 @@ Type* Block::attr(Env* outer, int pkind, Type* pt) {
 }
 
 Type* attribution::attrBody(Tree* body, Env* env, Type* pt) {
-    if (body->tag == treetag::VARDEF || body->tag == treetag::CLASSDEF)
-        reportError(body->pos, messages::notAStatement);
+    if (body->tag == treetag::VARDEF || body->tag == treetag::CLASSDEF) reportError(body->pos, messages::notAStatement);
     return body->attr(env, VAL, pt);
 }
 
@@ -112,6 +111,7 @@ Type* Throw::attr(Env* outer, int pkind, Type* pt) {
 }
 
 Type* Labelled::attr(Env* env, int pkind, Type* pt) {
+    if (!checkKind(pos, VAL, pkind)) return type = errType;
     for (const Env* around = env; around != nullptr; around = around->next) {
         int tag = around->tree->tag;
         if (tag == treetag::METHODDEF || tag == treetag::CLASSDEF) break;
@@ -119,7 +119,7 @@ Type* Labelled::attr(Env* env, int pkind, Type* pt) {
         reportError(pos, messages::duplicateLabel, label);
         break;
     }
-    return type = body->attr(env->dup(this), pkind, pt);
+    return type = attribution::attrBody(body, env->dup(this), pt);
 }
 
 // ---- loops

@@ -14,6 +14,8 @@ class Bodies {
         //           ^ error 207: not a statement
         synchronized (this) int w = 1;
         //                      ^ error 207: not a statement
+        label: int q = 1;
+        //         ^ error 207: not a statement
         if (c) { int k = 1; } else while (c) { class Local2 { } }
     }
 }
