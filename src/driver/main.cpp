@@ -1,8 +1,8 @@
 #include "driver/driver.h"
 #include "runtime/big_stack.h"
 #include "runtime/console.h"
+#include "runtime/process.h"
 
-#include <csignal>
 #include <exception>
 
 namespace {
@@ -28,9 +28,7 @@ int runGuarded(std::span<const char* const> arguments) {
 } // namespace
 
 int main(int count, char** arguments) {
-    tarn::holdStandardFiles();
-    // A write beyond the limit on file sizes is to fail like one on a full disk, not to end the process.
-    std::signal(SIGXFSZ, SIG_IGN);
+    tarn::prepareProcess();
     // A caller may start the tool without even its own name.
     std::span<const char* const> all(arguments, static_cast<std::size_t>(count));
     int status = runGuarded(all.subspan(all.empty() ? 0 : 1));

@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace tarn {
@@ -52,12 +51,6 @@ void flushConsole() {
     std::size_t length = pendingLength;
     pendingLength = 0;
     writeAll(STDOUT_FILENO, {pending, length});
-}
-
-void holdStandardFiles() {
-    // A file that is opened gets the lowest free number.
-    for (int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        if (::fcntl(file, F_GETFD) < 0) ::open("/dev/null", O_RDWR);
 }
 
 void errorPrintln(std::string_view text) {

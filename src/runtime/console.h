@@ -13,10 +13,6 @@ void consolePrint(std::string_view text);
 void consolePrintln(std::string_view text);
 void flushConsole();
 
-/// Opens nothing in place of what the caller of the tool closed among standard input, output and error. Else the next
-/// file that is opened, perhaps a class file to be written, would pass for it.
-void holdStandardFiles();
-
 /// Text and a line end to standard error, at once; standard output is flushed first so that the order holds.
 void errorPrintln(std::string_view text);
 

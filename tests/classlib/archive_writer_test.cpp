@@ -1,10 +1,13 @@
 #include "classlib/archive_writer.h"
 
+#include "runtime/process.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <sys/resource.h>
 
 namespace tarn::classlib::test {
 
@@ -62,6 +65,13 @@ TEST_F(ArchiveWriter, FailsInWordsAndLeavesTheOldFile) {
     EXPECT_THROW(writeArchive(path("absent/a.zip"), {{"x", {1}}}), OutputFailure);
     std::ofstream(path("a.zip")) << "old";
     EXPECT_THROW(writeArchive(path("a.zip"), {{"x", {1}}, {"x", {2}}}), OutputFailure); // one name twice
+    prepareProcess();
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    rlimit tight{.rlim_cur = 1000, .rlim_max = before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &tight);
+    EXPECT_THROW(writeArchive(path("a.zip"), {{"x", std::vector<std::uint8_t>(100'000, 1)}}), OutputFailure);
+    ::setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_EQ(read("a.zip"), "old");
     EXPECT_EQ(fileCount(), 2u);
 }

@@ -17,6 +17,7 @@
 #include "classlib/legacy_library.h"
 #include "classlib/runtime_finder.h"
 #include "classlib/runtime_image.h"
+#include "runtime/process.h"
 
 namespace {
 
@@ -106,6 +107,7 @@ std::vector<std::string> takePackages(std::vector<std::string>& words) {
 } // namespace
 
 int main(int argc, char** argv) try {
+    tarn::prepareProcess();
     std::vector<std::string> words(argv + 1, argv + argc);
     if (words.size() == 1 && (words[0] == "-h" || words[0] == "--help" || words[0] == "-help")) {
         std::fputs(usage, stdout);

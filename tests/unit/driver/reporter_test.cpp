@@ -1,8 +1,8 @@
 #include "driver/reporter.h"
 
 #include "driver/options.h"
-#include "runtime/console.h"
 #include "runtime/failure.h"
+#include "runtime/process.h"
 #include "store/memory_store.h"
 #include "syntax/name.h"
 #include "unit/driver/surroundings.h"
@@ -264,7 +264,7 @@ TEST_F(PromptTest, EndsTheRunIfTheAnswerCannotBeRead) {
     ::close(STDIN_FILENO);
     EXPECT_EQ(endOfRun(), "input read error");
     // A file that is opened now must not be taken for the answers.
-    holdStandardFiles();
+    prepareProcess();
     EXPECT_EQ(endOfRun(), "user abort");
     ::dup2(saved, STDIN_FILENO);
     ::close(saved);

@@ -1,0 +1,16 @@
+#include "runtime/process.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarn {
+
+void prepareProcess() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    // A file that is opened gets the lowest free number.
+    for (int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(file, F_GETFD) < 0) ::open("/dev/null", O_RDWR);
+}
+
+} // namespace tarn
