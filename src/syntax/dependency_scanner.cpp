@@ -43,38 +43,35 @@ Tree* DependencyScanner::importDecl(int pos, Tree* tree) {
     return other(pos, treetag::IMPORT);
 }
 
-/// A local class is named after the outermost class and its number, wherever it stands; a member after the class that
-/// it stands in. What stands in a class without a name has none either.
 void DependencyScanner::enterClass(int, Name* name, bool isLocal) {
-    bool isOutermost = classStack_.empty();
-    Name* outer = nullptr;
-    std::string number;
-    if (isOutermost) {
-        outer = packageName != names().dot ? packageName : nullptr;
-    } else if (name == nullptr) {
-        outer = classStack_.front();
-        number = std::to_string(anonymousCount_++);
-    } else if (isLocal) {
-        outer = classStack_.front();
-        number = std::to_string(localCount_++) + "$";
-    } else {
-        outer = classStack_.back();
+    numbers_.enter(name, isLocal);
+}
+
+/// Adds the names of the outermost class that has ended and of those in it. A local class is named after the outermost
+/// class and its number, wherever it stands; a member after the class that it stands in. What stands in a class without
+/// a name has none either.
+void DependencyScanner::nameClasses() {
+    std::vector<Name*> flatNames;
+    for (const ClassNumbers::Class& c : numbers_.classes()) {
+        bool isOutermost = c.outer < 0;
+        Name* outer =
+            isOutermost ? packageName : flatNames[c.isLocal ? std::size_t{0} : static_cast<std::size_t>(c.outer)];
+        flatNames.push_back(nullptr);
+        if (c.name == names().error || outer == nullptr || (isOutermost && c.name == nullptr)) continue;
+        std::string flat;
+        if (outer != names().dot) flat.append(outer->view()).append(isOutermost ? "." : "$");
+        if (!isOutermost && c.isLocal) flat.append(std::to_string(c.number)).append(c.name != nullptr ? "$" : "");
+        if (c.name != nullptr) flat.append(c.name->view());
+        flatNames.back() = Name::fromBytes(flat);
     }
-    bool isNameless = name == names().error || (!isOutermost && outer == nullptr);
-    if (isNameless) {
-        classStack_.push_back(nullptr);
-        return;
-    }
-    std::string flat;
-    if (outer != nullptr) flat.append(outer->view()).append(isOutermost ? "." : "$");
-    flat.append(number);
-    if (name != nullptr) flat.append(name->view());
-    classStack_.push_back(Name::fromBytes(flat));
+    for (std::size_t index : ended_)
+        if (flatNames[index] != nullptr) classes.push_back(flatNames[index]);
+    ended_.clear();
 }
 
 Tree* DependencyScanner::classDef(int pos, Name* name, std::uint32_t, Tree*, TreeBuffer*, Tree*) {
-    if (classStack_.back() != nullptr) classes.push_back(classStack_.back());
-    classStack_.pop_back();
+    ended_.push_back(numbers_.leave());
+    if (numbers_.isOutside()) nameClasses();
     firstClassSeen_ = true;
     return other(pos, tagFor(treetag::CLASSDEF, name));
 }

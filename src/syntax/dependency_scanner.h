@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/arena.h"
+#include "syntax/class_numbers.h"
 #include "syntax/tree_factory.h"
 
 #include <vector>
@@ -69,15 +70,16 @@ public:
     ConstantType* doubleConstant(int tag, double value) override;
 
 private:
-    [[nodiscard]] bool isBuilding() const { return classStack_.empty() && !firstClassSeen_; }
+    [[nodiscard]] bool isBuilding() const { return numbers_.isOutside() && !firstClassSeen_; }
+    void nameClasses();
     Tree* expression(int pos, int tag);
     Tree* other(int pos, int tag);
 
-    Arena arena_;                   ///< of the names built
-    std::vector<Name*> classStack_; ///< flat names of the open classes; null for one whose name is missing
+    Arena arena_; ///< of the names built
+    ClassNumbers numbers_;
+    std::vector<std::size_t>
+        ended_; ///< indices in `numbers_` of the classes that ended, of the outermost one that is open
     bool firstClassSeen_ = false;
-    int localCount_ = 1;
-    int anonymousCount_ = 1;
 };
 
 } // namespace tarn

@@ -256,15 +256,10 @@ Tree* TreeBuilder::whileLoop(int pos, Tree* cond, Tree* body) {
 
 // Declarations
 
-/// Numbers the class where its body begins, as the scan for dependencies does.
 void TreeBuilder::enterClass(int, Name* name, bool isLocal) {
-    int number = 0;
-    if (name == nullptr) {
-        number = anonymousClassCount_++;
-    } else if (isLocal) {
-        number = localClassCount_++;
-    }
-    classNumbers_.push_back(number);
+    if (numbers_.isOutside()) classes_.clear();
+    numbers_.enter(name, isLocal);
+    classes_.push_back(nullptr);
 }
 
 Tree* TreeBuilder::classDef(int pos, Name* name, std::uint32_t flags, Tree* extending, TreeBuffer* implementing,
@@ -272,8 +267,9 @@ Tree* TreeBuilder::classDef(int pos, Name* name, std::uint32_t flags, Tree* exte
     Trees interfaces = toTrees(implementing);
     if (body->tag != treetag::BLOCK) body = arena_.make<Block>(pos, Trees());
     auto* node = arena_.make<ClassDef>(pos, name, flags, extending, interfaces, static_cast<Block*>(body));
-    node->number = classNumbers_.back();
-    classNumbers_.pop_back();
+    classes_[numbers_.leave()] = node;
+    if (numbers_.isOutside())
+        for (std::size_t i = 0; i < classes_.size(); i++) classes_[i]->number = numbers_.classes()[i].number;
     return definition(node, highest(extending, interfaces, body));
 }
 
@@ -299,8 +295,8 @@ Tree* TreeBuilder::packageDecl(int pos, Tree* pid) {
 
 Tree* TreeBuilder::compilationUnit(TreeBuffer* defs, const StoreRef& source) {
     auto* unit = arena_.make<CompilationUnit>(arena_, toTrees(defs), source);
-    unit->localClassCount = localClassCount_;
-    unit->anonymousClassCount = anonymousClassCount_;
+    unit->localClassCount = numbers_.nextLocal();
+    unit->anonymousClassCount = numbers_.nextAnonymous();
     isExpr = isType = false;
     lastTag = treetag::TOPLEVEL;
     return unit;

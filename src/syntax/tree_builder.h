@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/arena.h"
+#include "syntax/class_numbers.h"
 #include "syntax/tree_factory.h"
 
 #include <memory>
@@ -79,9 +80,9 @@ private:
     int limit_;                                        ///< greatest height of a tree
     std::vector<std::unique_ptr<TreeBuffer>> buffers_; ///< all lists ever made
     std::vector<TreeBuffer*> freeBuffers_;             ///< those not in use
-    std::vector<int> classNumbers_;                    ///< of the classes whose bodies are open; 0 for a member
-    int localClassCount_ = 1;
-    int anonymousClassCount_ = 1;
+    ClassNumbers numbers_;
+    std::vector<ClassDef*>
+        classes_; ///< by index in `numbers_`, of the outermost class that is open; null until it ends
 };
 
 } // namespace tarn

@@ -91,5 +91,6 @@ public class Main {
         }));
         System.out.println(m.getX());
         System.out.println(new Derived().both() + ", " + anonymous());
+        System.out.println(Steps.local() + " " + Steps.anonymous);
     }
 }

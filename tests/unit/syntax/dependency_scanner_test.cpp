@@ -71,6 +71,9 @@ TEST(DependencyScannerTest, NamesClassesAsACompileDoes) {
          ". |  | A$1 A B$2 B$1$L B"},
         {"class A { void f() { class L { } } } class B { void f() { class L { } } }", ". |  | A$1$L A B$2$L B"},
         {"class A { void f() { interface I { } } }", ". |  | A$1$I A"},
+        // A local class steps aside for a member of an anonymous class, wherever that follows.
+        {"class A { void f() { class L { } class M { } } Object o = new X() { class L { } class M { } }; }",
+         ". |  | A$2$L A$3$M A$1$L A$1$M A$1 A"},
         // A class whose name is missing, and all in it, is left out, but it counts.
         {"class A { void f() { class { class B { } } class L { } } }", ". |  | A$2$L A"},
         {"class { class B { } } class C { }", ". |  | C"},
