@@ -26,8 +26,6 @@ class Evaluator {
     /** What `IExpression.eval` gives. Throws an `EvaluationFailure` if the expression has no value. */
     Object evaluate(StoppedFrame frame, String expression) throws IOException, InterruptedException {
         Location location = frame.mirror().location();
-        if (isAnonymous(location.declaringType().name()))
-            throw new EvaluationFailure("expressions have no scope in an anonymous class");
         File output = File.createTempFile("expression", ".class");
         try {
             compile(sourceOf(location), location.lineNumber(), expression, output);
@@ -35,14 +33,6 @@ class Evaluator {
         } finally {
             output.delete();
         }
-    }
-
-    /** An expression would be compiled in the scope of the statement that the class stands in. */
-    private static boolean isAnonymous(String className) {
-        int dollar = className.lastIndexOf('$');
-        int at = dollar + 1;
-        while (at < className.length() && Character.isDigit(className.charAt(at))) at++;
-        return dollar >= 0 && at == className.length();
     }
 
     private String sourceOf(Location location) {

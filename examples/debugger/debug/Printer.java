@@ -1,7 +1,6 @@
 package debug;
 
 import com.sun.jdi.ArrayReference;
-import com.sun.jdi.BooleanValue;
 import com.sun.jdi.CharValue;
 import com.sun.jdi.ClassType;
 import com.sun.jdi.Field;
@@ -30,7 +29,8 @@ class Printer {
         if (result instanceof Boolean) return "boolean " + result;
         if (result instanceof Integer) return "int " + result;
         String name = result.getClass().getName();
-        if (!(result instanceof Number) || !name.startsWith("java.lang.")) return name + " " + result;
+        // What is left are the wrappers of the other numbers, and objects that the expression made.
+        if (!(result instanceof Number) || !name.startsWith("java.lang.")) return name + " " + quote(result.toString(), '"');
         return name.substring("java.lang.".length()).toLowerCase() + " " + result;
     }
 

@@ -95,7 +95,7 @@ class StoppedFrame extends Handle {
 
     private Object newObject(Value value) {
         if (!(value instanceof StringReference)) return new Constant(value);
-        Object string = ((StringReference) value).value();
+        String string = ((StringReference) value).value();
         strings.put(string, value);
         return string;
     }
@@ -105,14 +105,19 @@ class StoppedFrame extends Handle {
         ((Constant) object).view = type;
     }
 
-    /** The opposite. A string that is not from the program is made there. */
+    /** The opposite. A string that is not from the program is made there, once. */
     Value toMirror(Object object) {
         if (object == null) return null;
         if (object instanceof Handle) return ((Handle) object).read();
         if (!(object instanceof String))
             throw new EvaluationFailure("an object that the expression made cannot be stored in the program");
-        Value known = (Value) strings.get(object);
-        return known != null ? known : machine().mirrorOf((String) object);
+        Value string = (Value) strings.get(object);
+        if (string == null) {
+            string = machine().mirrorOf((String) object);
+            strings.put(object, string);
+            objects.put(string, object);
+        }
+        return string;
     }
 
     /** What the object's own `toString` says, run by the program. */

@@ -14,6 +14,21 @@ class Special extends Part {
 
     static int sample() {
         Special nail = new Special("nail");
-        return nail.both(nail, nail, new Special[] {nail});
+        return nail.both(nail, nail, new Special[] {nail}) + nail.later(3);
+    }
+
+    private int later(final int delay) {
+        class Later {
+            int ticks() {
+                return delay + count;
+            }
+        }
+        Runnable counter = new Runnable() {
+            public void run() {
+                count++;
+            }
+        };
+        counter.run();
+        return new Later().ticks();
     }
 }
