@@ -243,6 +243,9 @@ TypeList* ClassReader::readExceptions() {
 /// around it and more, so that no chain of entries can lead back to where it began.
 ///
 /// The entry of a local class may have both, but its name has a number in it, and nobody can name it as a member.
+///
+/// What others say of a member class may be from before it was changed: the files of the class itself and of the one
+/// around it know better, and its source knows best.
 void ClassReader::readInnerClasses(ClassSymbol* c) {
     std::uint32_t count = nextShort();
     need(8 * std::size_t{count});
@@ -256,7 +259,11 @@ void ClassReader::readInnerClasses(ClassSymbol* c) {
         Name* name = utf8(simple);
         if (className(outer)->length >= flat->length || name->length == 0) continue;
         ClassSymbol* around = classAt(outer);
-        context().innerClasses[flat] = {.outer = around, .name = name, .flags = flags};
+        bool isHearsay = flat != c->flatName && around->flatName != c->flatName;
+        const ClassSymbol* known = context().findClass(flat);
+        bool isFromSource = known != nullptr && known->sourcePath != nullptr;
+        if (!(isHearsay || isFromSource) || context().innerClass(flat) == nullptr)
+            context().innerClasses[flat] = {.outer = around, .name = name, .flags = flags};
         if (around->flatName != c->flatName) continue;
         ClassSymbol* member = classAt(inner);
         member->owner = c;

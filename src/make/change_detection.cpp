@@ -344,7 +344,10 @@ ClassSymbol* Maker::loadClass(ClassNode& c, bool withPool) {
         bool wasRead = known != nullptr && known->kind == TYP && known->reading == Reading::DONE &&
                        known->sourcePath == nullptr && known->members != nullptr;
         if (wasRead && !withPool) return known;
-        if (store == NullStore::instance()) throw ClassNotFound("");
+        if (store == NullStore::instance()) {
+            if (reporter_->errorCount() != 0) throw NotGenerated{};
+            throw ClassNotFound("");
+        }
         return c.symbol = classFile_->readApart(c.name, *store, withPool);
     } catch (const IoFailure& failure) {
         cause = failure.what();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/failure.h"
+
 #include <cstdint>
 
 namespace tarn {
@@ -18,6 +20,9 @@ std::uint32_t mixed(const Name* name, std::uint32_t value);
 
 /// The name of the wide reference that stands for other classes of an import's name; see WIDE_REFERENCE.
 Name* homonymsName();
+
+/// Thrown where a class is needed that a failed batch left in the air; that batch has been reported.
+struct NotGenerated : MakeAbort {};
 
 /// Walks over what the constant pool of a class refers to, and over the constants of other classes that left no trace
 /// there.

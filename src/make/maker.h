@@ -142,6 +142,7 @@ private:
     [[noreturn]] void failUnexpected(const ClassNode& c);
     void compileBatch(const std::vector<StoreRef>& sources, std::span<Name* const> defs);
     void updateClass(ClassNode& c);
+    bool learnWritten(ClassNode& c);
 
     // Fingerprints and references (change_detection.cpp)
     void cacheDefs(ClassNode& c);

@@ -2,6 +2,7 @@
 // each class file that comes out is recorded.
 
 #include "driver/reporter.h"
+#include "make/change_detection.h"
 #include "make/maker.h"
 #include "make/maker_class_file.h"
 #include "runtime/failure.h"
@@ -134,29 +135,44 @@ void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* c
 }
 
 /// Records the state of a class that is up to date. One that was written in this pass learns what it imports and uses
-/// from its constant pool; it stays behind if something that it imports was not generated, after an error.
+/// from its constant pool; it stays behind if something that it imports was not generated, after an error, and is
+/// compiled again when that is mended.
 void Maker::updateClass(ClassNode& c) {
     if (c.state == stamp_ + progress::WRITTEN) {
-        if (!c.impsCached) cacheImps(c);
-        bool isWhole = true;
-        for (std::uint32_t i = 0; i < c.imps.size(); i++) {
-            ImportRecord& import = *c.imps[i];
-            ClassNode& imported = graph_.classNode(import.name);
-            if (imported.store == NullStore::instance()) {
-                isWhole = false;
-                continue;
-            }
-            if (!imported.defsCached) learnFingerprint(imported);
-            import.fprint = imported.fprint;
-            import.date = imported.date;
+        try {
+            if (!learnWritten(c)) return;
+        } catch (const NotGenerated&) { // a supertype of something that it imports
+            c.impsCached = c.refsCached = false;
+            c.imps = {};
+            c.superclass = nullptr;
+            c.interfaces = {};
+            return;
         }
-        if (!isWhole) return;
-        if (!c.refsCached) cacheRefs(c);
-        recordWideRefs(c);
-        recordHomonyms(c);
-        uses_.erase(c.name);
     }
     c.state = stamp_ + progress::DONE;
+}
+
+/// Whether all that it imports is there.
+bool Maker::learnWritten(ClassNode& c) {
+    if (!c.impsCached) cacheImps(c);
+    bool isWhole = true;
+    for (std::uint32_t i = 0; i < c.imps.size(); i++) {
+        ImportRecord& import = *c.imps[i];
+        ClassNode& imported = graph_.classNode(import.name);
+        if (imported.store == NullStore::instance()) {
+            isWhole = false;
+            continue;
+        }
+        if (!imported.defsCached) learnFingerprint(imported);
+        import.fprint = imported.fprint;
+        import.date = imported.date;
+    }
+    if (!isWhole) return false;
+    if (!c.refsCached) cacheRefs(c);
+    recordWideRefs(c);
+    recordHomonyms(c);
+    uses_.erase(c.name);
+    return true;
 }
 
 // ---- what the compiler tells

@@ -366,11 +366,14 @@ int runAll(const std::vector<std::string>& arguments) {
     if (!fs::exists(arguments[1])) return 77;
     ::unsetenv("CLASSPATH");
     ::unsetenv("SOURCEPATH");
+    const std::string tool = fs::absolute(arguments[0]).string();
+    const std::string library = fs::absolute(arguments[1]).string();
     int faults = 0;
     int programs = number(3, 1);
     for (int i = number(5, 0), end = i + programs; i < end; i++) {
-        fs::path place = fs::path(arguments[2]) / std::to_string(i);
-        bool isGood = Project(arguments[0], arguments[1], place, static_cast<std::uint64_t>(i)).run(number(4, 100));
+        fs::path place = fs::absolute(arguments[2]) / std::to_string(i);
+        bool isGood = Project(tool, library, place, static_cast<std::uint64_t>(i)).run(number(4, 100));
+        std::fflush(stdout);
         if (isGood) fs::remove_all(place);
         faults += !isGood;
     }
