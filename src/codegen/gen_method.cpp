@@ -39,8 +39,13 @@ bool isInitializer(const MethodDef* method) {
 void MethodDef::normalizeMethod(Trees initCode) {
     if (body == nullptr || body->stats.empty() || !callsSuperConstructor(this)) return;
     Trees old = body->stats;
-    std::size_t first = 1; // behind the call of the constructor
-    while (first < old.size() && storesHiddenField(old[first])) first++;
+    std::size_t first = 0;
+    auto passStores = [&] {
+        while (first < old.size() && storesHiddenField(old[first])) ++first;
+    };
+    passStores();
+    ++first; // the call of the constructor
+    passStores();
     Trees stats = env->toplevel->arena.makeArray<Tree*>(old.size() + initCode.size());
     auto end = std::copy_n(old.begin(), first, stats.begin());
     end = std::copy(initCode.begin(), initCode.end(), end);

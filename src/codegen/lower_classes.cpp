@@ -31,6 +31,7 @@ void Lowering::lower(CompilationUnit* unit) {
     unit->defs = unit->arena.copyArray<Tree*>(defs);
     collectValues();
     enterMemberClasses();
+    findEarlyStores();
     for (Tree* def : defs)
         if (def->tag == treetag::CLASSDEF) finishClass(static_cast<ClassDef*>(def));
     passValues();
@@ -111,8 +112,31 @@ void Lowering::addHiddenFields(ClassDef* tree, ClassInfo& info) {
     tree->body->stats = make_.concat(fields, tree->body->stats);
 }
 
-/// Adds the hidden parameters to a constructor, and behind the call of the other constructor the assignments that keep
-/// them.
+namespace {
+
+bool overridesInherited(const ClassSymbol* c) {
+    for (const Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling)
+        if (entry->sym->kind == MTH && static_cast<MethodSymbol*>(entry->sym)->overridden() != nullptr) return true;
+    return false;
+}
+
+} // namespace
+
+/// The constructor of a superclass may call a method that the class overrides, which then finds the captured variables
+/// and the enclosing instances: those of the class, and of the classes between, whose methods it may call.
+void Lowering::findEarlyStores() {
+    for (const auto& each : classes_) {
+        if (!overridesInherited(each.first)) continue;
+        for (ClassSymbol* c = each.first; c->superclass != nullptr && !c->superclass->isRootClass();
+             c = c->superclass) {
+            auto found = classes_.find(c);
+            if (found != classes_.end()) found->second.storesFirst = true;
+        }
+    }
+}
+
+/// Adds the hidden parameters to a constructor, and the assignments that keep them behind the call of the other
+/// constructor, or in front of it.
 void Lowering::finishConstructor(MethodDef* tree, ClassInfo& info) {
     ClassSymbol* c = info.place->c;
     make_.setPos(tree->pos);
@@ -139,7 +163,9 @@ void Lowering::finishConstructor(MethodDef* tree, ClassInfo& info) {
     types.insert(types.end(), old->args.begin(), old->args.end());
     tree->sym->type = context().methodType(types, old->result, old->thrownTypes);
     Trees stats = tree->body->stats;
-    tree->body->stats = make_.concat(make_.concat(stats.first(1), assignments), stats.subspan(1));
+    bool callsSuper = tree->selfCall != nullptr && tree->selfCall->owner != c;
+    std::size_t at = info.storesFirst && callsSuper ? 0 : 1;
+    tree->body->stats = make_.concat(make_.concat(stats.first(at), assignments), stats.subspan(at));
 }
 
 void Lowering::append(ClassDef* tree, Tree* def) {

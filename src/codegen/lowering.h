@@ -43,6 +43,7 @@ private:
         Place* place = nullptr;
         std::size_t number = 0;          ///< of an inner class, among those that were moved
         VarSymbol* outerField = nullptr; ///< `this0`; null until needed
+        bool storesFirst = false;        ///< the hidden fields are needed while the superclass's constructor runs
         std::vector<Captured> captured;  ///< oldest first
         std::vector<MethodDef*> constructors;
     };
@@ -83,6 +84,7 @@ private:
     void translateClass(ClassDef* tree, Place* outer);
     void translateMethod(MethodDef* tree, Place* place);
     void finishClass(ClassDef* tree);
+    void findEarlyStores();
     void addHiddenFields(ClassDef* tree, ClassInfo& info);
     void finishConstructor(MethodDef* tree, ClassInfo& info);
     void append(ClassDef* tree, Tree* def);

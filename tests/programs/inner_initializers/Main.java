@@ -135,7 +135,37 @@ public class Main {
         }
     }
 
+    // A superclass's constructor that calls what its subclasses override: their captured variables and enclosing
+    // instances are there by then, their own fields are not.
+    static abstract class Eager {
+        final String seen;
+        Eager() { seen = look(); }
+        Eager(String prefix) { seen = prefix + look(); }
+        abstract String look();
+    }
+    String mine = "mine";
+
+    String eager(final int captured, final String text) {
+        class Between extends Eager {
+            Between() { super(text + ":"); }
+            Between(int i) { this(); }
+            String look() { return reach(); }
+            String reach() { return mine + captured; }
+        }
+        class Below extends Between {
+            int own = 7;
+            Below() { super(1); }
+            String look() { return reach() + own + text.length(); }
+        }
+        Eager anonymous = new Eager() {
+            int own = captured;
+            String look() { return text + own + new Object() { public String toString() { return mine + captured; } }; }
+        };
+        return new Between().seen + " " + new Below().seen + " " + anonymous.seen + " " + anonymous.look();
+    }
+
     public static void main(String[] args) throws Exception {
+        System.out.println(new Main().eager(4, "ab"));
         System.out.println(Op.PLUS.apply(3, 4) + " " + Op.MORE[0].apply(3, 4) + " " + Op.MORE[2].apply(3, 4) + " "
                            + Op.MORE[2].apply(3, 4) + " " + (Op.MORE[1] == Op.PLUS));
         System.out.println(STATIC + " " + counter);
