@@ -178,7 +178,9 @@ void Maker::visitUses(const ClassNode& c, ReferenceVisitor& visitor) {
         if (found == uses_.end()) return;
         for (const NameUse& use : found->second) {
             visitSymbol(use.used, visitor);
-            if (use.site == nullptr || use.site == use.used->owner || use.site->flatName == c.name) continue;
+            if (use.site == nullptr || use.site->flatName == c.name) continue;
+            bool hidesOthers = use.used->kind != MTH || use.used->name == names().init;
+            if (use.site == use.used->owner && hidesOthers) continue; // an inherited overload could fit better
             visitor.visitClass(use.site->flatName);
             visitor.visitSite(use.site->flatName, use.used);
         }

@@ -41,8 +41,8 @@ public:
     /// Compiles a batch. A null output directory puts each class file beside its source. Makes `reporter` current; what
     /// is wrong was reported when this returns. Tells for each source whether all its classes were written.
     std::vector<bool> compile(std::span<const StoreRef> sources, StoreRef outputDirectory, Reporter* reporter);
-    /// Parses and attributes one source, and generates nothing. The unit, which is null if parsing gave no tree, lives as
-    /// long as this compiler. Reports.
+    /// Parses and attributes one source, and generates nothing. The unit, which is null if parsing gave no tree, lives
+    /// as long as this compiler. Reports.
     CompilationUnit* attribute(const StoreRef& source);
     /// Parses one source with any factory, which keeps what it learns; makes `reporter` current.
     void parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter);

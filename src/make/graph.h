@@ -56,9 +56,10 @@ struct DefRecord {
 /// A dot alone stands for what the importer could see of the class as a whole: its modifiers and its supertypes, and
 /// for a subclass or implementor what these have that concerns it. It is there only if that is not what most classes
 /// look like: public (or of the importer's package), neither final nor abstract, with no supertype but Object. A dot
-/// and a name stand for all members of that name in the class and its supertypes; it is there if a member was looked up
-/// in the class and found in a supertype. Two dots are the dates of the supertypes. Three dots stand for the other
-/// classes that the importer's source could mean by the last name of the import.
+/// and a name stand for all members of that name in the class and its supertypes; it is there if a method was looked up
+/// in the class, or a field that was found in a supertype, and the class has supertypes that can change. Two dots are
+/// the dates of the supertypes. Three dots stand for the other classes that the importer's source could mean by the
+/// last name of the import.
 constexpr char WIDE_REFERENCE = '.';
 
 /// What a class remembers of a class that it names: how that looked when the two were compared last.

@@ -183,6 +183,19 @@ bool Maker::takeAsSeen(ImportRecord& import, ClassNode& imported) {
     return hasMoved;
 }
 
+namespace {
+
+/// In a class that inherits from libraries at most its own methods are the only ones to be found.
+void dropSites(ImportRecord& import) {
+    std::vector<const Name*> own;
+    for (const DefRecord* ref : import.funrefs.nodes()) own.push_back(ref->name);
+    import.funrefs.keepIf([&own](const DefRecord* ref) {
+        return std::find(own.begin(), own.end(), widelyReferenced(ref)) == own.end();
+    });
+}
+
+} // namespace
+
 /// Fills the wide references of a class whose references were cached when it was compiled.
 void Maker::recordWideRefs(ClassNode& c) {
     for (ImportRecord* import : c.imps.nodes()) {
@@ -192,14 +205,16 @@ void Maker::recordWideRefs(ClassNode& c) {
             for (DefRecord* ref : refs.nodes())
                 if (const Name* name = widelyReferenced(ref)) ref->fprint = allNamed(imported, name, defs);
         };
+        bool areReliable = true;
+        std::int32_t dates = datesOfSupertypes(imported, areReliable);
+        if (dates == 0) dropSites(*import);
         learn(import->varrefs, &ClassNode::vardefs);
         learn(import->funrefs, &ClassNode::fundefs);
         auto add = [&](Name* name, std::int32_t fprint) {
             if (fprint != 0) import->varrefs.put(graph_.arena, graph_.arena.make<DefRecord>(DefRecord{name, fprint}));
         };
-        bool areReliable = true;
         add(wholeClass(), shapeOf(c, *import, imported));
-        add(supertypeDates(), datesOfSupertypes(imported, areReliable));
+        add(supertypeDates(), dates);
     }
 }
 
