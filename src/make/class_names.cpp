@@ -30,16 +30,24 @@ bool Maker::exists(const ClassNode& c) {
     return c.validated >= base_ && !isLeftover(c);
 }
 
-/// A class that names one that is gone may mean another one now. Whether it was compiled.
+/// A class that names one that is gone may mean another one now; if it has no source, what is recorded of it may be
+/// wrong. Whether it was compiled.
 bool Maker::remakeForGoneImports(ClassNode& c) {
-    for (const ImportRecord* import : c.imps.nodes()) {
+    auto isGone = [this](const ImportRecord* import) {
         const ClassNode& imported = graph_.classNode(import->name);
         const PackageNode& package = packageNode(imported.packageName, false);
-        if (isUnchecked(package) || package.library || exists(imported)) continue;
-        compileClass(c, reason::REFERENCE, import, wholeClassRef());
-        return true;
+        return !isUnchecked(package) && !package.library && !exists(imported);
+    };
+    std::span<ImportRecord* const> imports = c.imps.nodes();
+    auto gone = std::find_if(imports.begin(), imports.end(), isGone);
+    if (gone == imports.end()) return false;
+    if (c.source == nullptr || c.sourceName == nullptr) {
+        c.refsCached = false;
+        cacheImps(c);
+        return false;
     }
-    return false;
+    compileClass(c, reason::REFERENCE, *gone, wholeClassRef());
+    return true;
 }
 
 /// Sees to it that the classes in the packages that the source imports are known.

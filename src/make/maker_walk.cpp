@@ -197,7 +197,7 @@ void Maker::makeClass(ClassNode& c, PackageNode& package) {
     }
     if (!c.impsCached) cacheImps(c);
     bool isOurs = c.source != nullptr && c.sourceName != nullptr;
-    if (isOurs && remakeForGoneImports(c)) return;
+    if (remakeForGoneImports(c)) return;
     makeImports(c, package);
     if (isOurs && remakeForHomonyms(c)) return;
     if (c.sourceName != nullptr && remakeForSupertypes(c)) return;

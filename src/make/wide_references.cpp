@@ -191,10 +191,10 @@ void dropSites(ImportRecord& import) {
     for (const DefRecord* ref : import.funrefs.nodes()) own.push_back(ref->name);
     import.funrefs.keepIf([&own](const DefRecord* ref) {
         return std::find(own.begin(), own.end(), widelyReferenced(ref)) == own.end();
-    });
-}
-
+});
 } // namespace
+
+} // namespace tarn
 
 /// Fills the wide references of a class whose references were cached when it was compiled.
 void Maker::recordWideRefs(ClassNode& c) {

@@ -195,7 +195,8 @@ constexpr Target TARGETS[] = {{"sources", runSources},
                               {"classes", runClassFiles},
                               {"archives", runArchives},
                               {"properties", runProperties},
-                              {"encodings", runEncodings}};
+                              {"encodings", runEncodings},
+                              {"dependencies", runDependencies}};
 
 } // namespace
 

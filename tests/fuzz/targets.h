@@ -17,6 +17,9 @@ struct Target {
 
 std::span<const Target> targets();
 
+/// The one that has a file of its own.
+void runDependencies(const Corpus& corpus, Random& random);
+
 /// If not empty, each input is written below this folder before it is used.
 extern std::string saveFolder;
 
