@@ -5,9 +5,10 @@
 #include "semantic/context.h"
 #include "semantic/env.h"
 #include "semantic/scope.h"
-#include "store/directory_store.h"
 #include "store/file_path.h"
+#include "store/path_list.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace tarn {
@@ -78,17 +79,10 @@ void ClassDef::genClass(const StoreRef& outputDirectory) {
 
 StoreRef ClassDef::outFile(const StoreRef& outputDirectory) {
     const ClassSymbol* c = classSymbol();
-    if (outputDirectory == nullptr) {
-        std::string file = c->name->toString() + ".class";
-        std::optional<std::string> directory = env->toplevel->source->parent();
-        return std::make_shared<DirectoryStore>(directory ? joinPath(*directory, file) : file);
-    }
-    StoreRef directory = outputDirectory;
-    std::string flatName = c->flatName->toString();
-    std::size_t start = 0;
-    for (std::size_t dot; (dot = flatName.find('.', start)) != std::string::npos; start = dot + 1)
-        if (dot > start) directory = directory->makeDirectory(flatName.substr(start, dot - start));
-    return directory->create(flatName.substr(start) + ".class");
+    if (outputDirectory == nullptr) return storeBeside(*env->toplevel->source, c->name->toString() + ".class");
+    std::string path = c->flatName->toString();
+    std::replace(path.begin(), path.end(), '.', FILE_SEPARATOR);
+    return outputStore(outputDirectory, path, ".class");
 }
 
 namespace {

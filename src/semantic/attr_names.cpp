@@ -32,9 +32,10 @@ void recordConstant(Env* env, VarSymbol* v) {
 /// one that was found by its simple name.
 void recordUse(Env* env, Symbol* sym, ClassSymbol* site) {
     if (!context().options.trackDependencies) return;
-    ClassSymbol* here = resolve::classOf(env);
     bool isMember = (sym->kind == VAR || sym->kind == MTH) && sym->owner != nullptr && sym->owner->kind == TYP;
-    if (sym->kind == TYP ? sym == here : !isMember || sym->owner == here || sym->owner == context().predefClass) return;
+    if (!isMember && sym->kind != TYP) return;
+    ClassSymbol* here = resolve::classOf(env);
+    if (isMember ? sym->owner == here || sym->owner == context().predefClass : sym == here) return;
     if (!isMember)
         site = nullptr;
     else if (site == nullptr)

@@ -133,6 +133,8 @@ bool areDisjoint(int pos, std::uint32_t flags, std::uint32_t one, std::uint32_t 
 
 bool checkCombinations(int pos, std::uint32_t flags, bool isClass) {
     using namespace flag;
+    flags &= SOURCE_FLAGS;
+    if ((flags & (flags - 1)) == 0) return true; // one alone
     return areDisjoint(pos, flags, INTERFACE | ABSTRACT, FINAL | NATIVE | SYNCHRONIZED) &&
            (isClass || areDisjoint(pos, flags, ABSTRACT, STATIC)) &&
            areDisjoint(pos, flags, PUBLIC, PRIVATE | PROTECTED) && areDisjoint(pos, flags, PRIVATE, PUBLIC) &&

@@ -67,6 +67,7 @@ void MethodDef::enterSignature(Env* outer, MethodSymbol* m) {
     env->scope = local->dup(outer->toplevel->arena);
     env->enclMethod = this;
     std::vector<Type*> types;
+    types.reserve(params.size() + 1);
     auto* c = static_cast<ClassSymbol*>(m->owner);
     if (name == names().init && c->hasOuterInstance()) types.push_back(c->owner->enclClass()->type);
     for (Tree* parameter : params) types.push_back(attrParameter(parameter, env, anythingType));

@@ -450,11 +450,19 @@ Symbol* findIdentInPackage(int pos, ClassSymbol* package, Name* name, int kinds,
 
 // ---- operators
 
+namespace {
+
+/// Whether the tag of the operand says all that matters to the choice of its operator.
+bool isPlainOperand(const Type* type) {
+    if (type->tag == typetag::CLASS) return type->isConstant() || type == context().stringType;
+    return type->tag >= typetag::BYTE && type->tag <= typetag::BOOLEAN;
+}
+
+} // namespace
+
 Symbol* findOperator(int pos, int treeTag, Env* env, Type* left, Type* right) {
-    bool primitive = left->tag >= typetag::BYTE && left->tag <= typetag::BOOLEAN &&
-                     (right == nullptr || (right->tag >= typetag::BYTE && right->tag <= typetag::BOOLEAN));
     Symbol** remembered = nullptr;
-    if (primitive) {
+    if (isPlainOperand(left) && (right == nullptr || isPlainOperand(right))) {
         remembered = &context().operatorOf(treeTag, left->tag, right == nullptr ? 0 : right->tag);
         if (*remembered != nullptr) return *remembered;
     }

@@ -7,6 +7,7 @@
 #include "semantic/context.h"
 #include "semantic/symbol.h"
 
+#include <algorithm>
 #include <string>
 
 namespace tarn {
@@ -272,6 +273,7 @@ int widthOf(Types types) {
 namespace {
 
 void appendDescriptor(std::string& text, const Type* type) {
+    if (type->descriptor != nullptr) return void(text.append(type->descriptor->view()));
     switch (type->tag) {
     case BYTE: text += 'B'; break;
     case CHAR: text += 'C'; break;
@@ -283,9 +285,8 @@ void appendDescriptor(std::string& text, const Type* type) {
     case BOOLEAN: text += 'Z'; break;
     case VOID: text += 'V'; break;
     case CLASS: {
-        text += 'L';
-        for (char c : type->tsym->flatName->view()) text += c == '.' ? '/' : c;
-        text += ';';
+        text.append("L").append(type->tsym->flatName->view()).append(";");
+        std::replace(text.end() - type->tsym->flatName->length, text.end(), '.', '/');
         break;
     }
     case ARRAY:
@@ -305,10 +306,11 @@ void appendDescriptor(std::string& text, const Type* type) {
 } // namespace
 
 Name* signature(Type* type) {
+    if (type->descriptor != nullptr) return type->descriptor;
     static std::string text;
     text.clear();
     appendDescriptor(text, type);
-    return Name::fromBytes(text);
+    return type->descriptor = Name::fromBytes(text);
 }
 
 } // namespace tarn

@@ -101,6 +101,7 @@ public:
     bool constant = false;       ///< this is a ConstantType
     std::uint32_t hash = 0;      ///< what the intern tables hash by
     ClassSymbol* tsym = nullptr; ///< never null once initialised; primitives and arrays have one too
+    Name* descriptor = nullptr;  ///< see `signature`; null until it is asked for
 };
 
 class MethodType final : public Type {

@@ -54,8 +54,8 @@ public:
     /// A copy of the types that lives as long as the run.
     Types copyTypes(Types types);
 
-    /// Where the operator of a node's tag for two primitive operand tags (0 for no second one) is remembered; null at
-    /// first.
+    /// Where the operator of a node's tag for the tags of two operands (0 for no second one) is remembered; null at
+    /// first. The operands are primitive or, with the tag CLASS, strings.
     Symbol*& operatorOf(int treeTag, int left, int right) {
         return operators_[static_cast<std::size_t>((treeTag * OPERAND_TAGS + left) * OPERAND_TAGS + right)];
     }
@@ -116,7 +116,7 @@ private:
     void enterOperators();
     ClassSymbol* loadWellKnown(std::string_view flatName, Type*& type);
 
-    static constexpr int OPERAND_TAGS = typetag::BOOLEAN + 1;
+    static constexpr int OPERAND_TAGS = typetag::CLASS + 1;
     static constexpr int OPERATOR_TREES = 80; ///< tags of operator nodes are below
     std::array<Symbol*, static_cast<std::size_t>(OPERATOR_TREES* OPERAND_TAGS* OPERAND_TAGS)> operators_{};
     std::array<ArrayType*, 512> arrayTypes_{};

@@ -44,7 +44,20 @@ std::string absolutePath(std::string_view path) {
     return joinPath(directory, path);
 }
 
+namespace {
+
+/// Whether the path is surely canonical as it stands.
+bool isCanonical(std::string_view path) {
+    if (path.size() >= PATH_MAX || !isAbsolute(path) || path.ends_with(FILE_SEPARATOR)) return false;
+    for (std::size_t i = 1; i < path.size(); ++i)
+        if (path[i - 1] == FILE_SEPARATOR && (path[i] == FILE_SEPARATOR || path[i] == '.')) return false;
+    return true;
+}
+
+} // namespace
+
 std::optional<std::string> canonicalPath(std::string_view path) {
+    if (isCanonical(path)) return std::string(path);
     std::string absolute = absolutePath(path);
     if (!isAbsolute(absolute)) return std::nullopt;
     std::string result;

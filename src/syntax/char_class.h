@@ -3,7 +3,9 @@
 #include "syntax/source_text.h"
 
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace tarn {
@@ -83,6 +85,19 @@ constexpr std::array<std::uint8_t, CHAR_CODES> CHAR_SETS = [] {
     sets[256] = WORD;
     return sets;
 }();
+
+/// Behind the blanks at `at`. Indentation is a large part of a source, so it goes by eight bytes; there are always as
+/// many behind the text.
+inline const std::uint8_t* behindBlanks(const std::uint8_t* at) {
+    for (;; at += 8) {
+        std::uint64_t bytes;
+        std::memcpy(&bytes, at, sizeof bytes);
+        std::uint64_t others = bytes ^ 0x2020202020202020;
+        if (others == 0) continue;
+        constexpr bool isLittle = std::endian::native == std::endian::little;
+        return at + (isLittle ? std::countr_zero(others) : std::countl_zero(others)) / 8;
+    }
+}
 
 constexpr bool isIn(int code, int set) {
     return (CHAR_SETS[static_cast<std::size_t>(code)] & set) != 0;

@@ -253,10 +253,6 @@ bool isLowSurrogate(unsigned unit) {
 
 constinit std::uint8_t* Name::poolBase = nullptr;
 
-Name* Name::fromHashed(const std::uint8_t* bytes, std::size_t length, std::uint32_t hash) {
-    return table.intern(bytes, length, hash);
-}
-
 Name* Name::fromBytes(const std::uint8_t* bytes, std::size_t length) {
     return table.intern(bytes, length, hashOf(bytes, length));
 }

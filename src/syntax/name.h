@@ -28,8 +28,6 @@ public:
     static Name* fromBytes(std::string_view text) {
         return fromBytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
     }
-    /// As `fromBytes`, for a caller who has computed `hashOf` those bytes already. At least one byte.
-    static Name* fromHashed(const std::uint8_t* bytes, std::size_t length, std::uint32_t hash);
     /// The name of a range of source text, whose escapes (`\n`, `\"`, `\u0041`, ...) are resolved. Bytes from 128 up
     /// and 0 count as the Latin-1 character of that value.
     static Name* fromSource(const std::uint8_t* bytes, std::size_t length);
@@ -61,8 +59,14 @@ public:
         return hash * 1664525u + static_cast<std::uint32_t>(static_cast<std::int8_t>(byte));
     }
     static constexpr std::uint32_t hashOf(const std::uint8_t* bytes, std::size_t length) {
+        constexpr std::uint32_t m = 1664525u;
+        auto at = [bytes](std::size_t i) { return static_cast<std::uint32_t>(static_cast<std::int8_t>(bytes[i])); };
         std::uint32_t hash = 0;
-        for (std::size_t i = 0; i < length; i++) hash = hashStep(hash, bytes[i]);
+        std::size_t i = 0;
+        // Four steps at once, which need not wait for each other.
+        for (; i + 4 <= length; i += 4)
+            hash = hash * (m * m * m * m) + at(i) * (m * m * m) + at(i + 1) * (m * m) + at(i + 2) * m + at(i + 3);
+        for (; i < length; i++) hash = hashStep(hash, bytes[i]);
         return hash;
     }
 

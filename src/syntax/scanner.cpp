@@ -141,11 +141,8 @@ void Scanner::nextToken() {
     prevEndPos = positionOf(at);
     for (;;) {
         switch (STARTS[*at]) {
-        case Start::BLANK:
-            do at++;
-            while (*at == ' ');
-            continue;
-        case Start::LINE_END: at = endLine(at + 1); continue;
+        case Start::BLANK: at = behindBlanks(at + 1); continue;
+        case Start::LINE_END: at = behindBlanks(endLine(at + 1)); continue;
         case Start::CARRIAGE_RETURN: at = endLine(at + (at[1] == '\n' ? 2 : 1)); continue;
         case Start::LETTER: pos = positionOf(at); return identifier(at);
         case Start::DIGIT: pos = positionOf(at); return decimalNumber(at);
@@ -212,12 +209,11 @@ void Scanner::enterWord(Name* word, const std::uint8_t* end) {
 
 void Scanner::identifier(const std::uint8_t* start) {
     const std::uint8_t* at = start;
-    std::uint32_t hash = 0;
-    do hash = Name::hashStep(hash, *at++);
+    do at++;
     while (isIn(*at, WORD));
     if (isIn(*at, WORD_ODD)) [[unlikely]]
         return identifierWithEscapes(start, at);
-    enterWord(Name::fromHashed(start, static_cast<std::size_t>(at - start), hash), at);
+    enterWord(Name::fromBytes(start, static_cast<std::size_t>(at - start)), at);
 }
 
 /// The rest of a word that begins at `start` and holds, or may hold, escapes or bytes from 128 up.

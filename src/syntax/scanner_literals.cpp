@@ -170,11 +170,10 @@ void Scanner::characterLiteral(Char quote) {
 void Scanner::stringLiteral(const std::uint8_t* quote) {
     const std::uint8_t* start = quote + 1;
     const std::uint8_t* at = start;
-    std::uint32_t hash = 0;
-    for (; !isIn(*at, STRING_STOP); at++) hash = Name::hashStep(hash, *at);
+    while (!isIn(*at, STRING_STOP)) at++;
     auto length = static_cast<std::size_t>(at - start);
     if (*at != '"') return stringWithEscapes(start, at);
-    stringValue = Name::fromHashed(start, length, hash);
+    stringValue = Name::fromBytes(start, length);
     finish(Token::STRING_LITERAL, at + 1);
 }
 

@@ -137,7 +137,7 @@ const std::uint8_t* quoted(const std::uint8_t* at) {
 const std::uint8_t* BlockEnd::find(const std::uint8_t* at) {
     while (at != nullptr) {
         switch (STARTS[*at]) {
-        case Start::BLANK: at++; break;
+        case Start::BLANK: at = behindBlanks(at + 1); break;
         case Start::LINE_END:
         case Start::CARRIAGE_RETURN: at = lineEnd(at); break;
         case Start::LETTER: at = word(at); break;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace tarn {
 
@@ -18,6 +19,12 @@ int heightOf(Trees trees) {
     for (const Tree* tree : trees) height = std::max<int>(height, tree->height);
     return height;
 }
+/// Lists of builders that are gone.
+std::vector<std::unique_ptr<TreeBuffer>>& spareBuffers() {
+    static std::vector<std::unique_ptr<TreeBuffer>> spare;
+    return spare;
+}
+
 /// The greatest of the heights of trees and lists of trees.
 template <class... Children>
 int highest(const Children&... children) {
@@ -28,7 +35,15 @@ int highest(const Children&... children) {
 
 } // namespace
 
-TreeBuilder::TreeBuilder(Arena& arena) : arena_(arena), limit_(nestingLimit()) {}
+TreeBuilder::TreeBuilder(Arena& arena)
+    : arena_(arena), limit_(nestingLimit()), buffers_(std::exchange(spareBuffers(), {})) {
+    for (const auto& buffer : buffers_) recycle(buffer.get());
+}
+
+/// The lists, which have grown to what sources need, are good for the next source.
+TreeBuilder::~TreeBuilder() {
+    spareBuffers() = std::move(buffers_);
+}
 
 // Lists
 

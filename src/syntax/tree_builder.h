@@ -17,6 +17,9 @@ namespace tarn {
 class TreeBuilder : public TreeFactory {
 public:
     explicit TreeBuilder(Arena& arena);
+    ~TreeBuilder() override;
+    TreeBuilder(const TreeBuilder&) = delete;
+    TreeBuilder& operator=(const TreeBuilder&) = delete;
 
     Tree* arrayInit(int pos, TreeBuffer* elems, Tree* elemtype) override;
     Tree* apply(int pos, Tree* meth, TreeBuffer* args) override;
