@@ -22,25 +22,6 @@ Emitter& openEmitter() {
 
 } // namespace detail
 
-int typeCode(const Type* type) {
-    using namespace typecode;
-    switch (type->tag) {
-    case typetag::BYTE:
-    case typetag::BOOLEAN: return BYTE;
-    case typetag::CHAR: return CHAR;
-    case typetag::SHORT: return SHORT;
-    case typetag::INT: return INT;
-    case typetag::LONG: return LONG;
-    case typetag::FLOAT: return FLOAT;
-    case typetag::DOUBLE: return DOUBLE;
-    case typetag::CLASS:
-    case typetag::ARRAY:
-    case typetag::NULLTYPE:
-    case typetag::ERROR: return OBJECT;
-    default: throw InternalError("typecode");
-    }
-}
-
 int zero(int code) {
     switch (code) {
     case typecode::INT: return op::ICONST_0;

@@ -44,8 +44,27 @@ namespace typecode {
 enum : int { INT, LONG, FLOAT, DOUBLE, OBJECT, BYTE, CHAR, SHORT };
 } // namespace typecode
 
+namespace detail {
+/// By the tag of a type; -1 if it has no code.
+constexpr std::array<std::int8_t, TYPE_TAGS> typeCodes = [] {
+    using namespace typetag;
+    std::array<std::int8_t, TYPE_TAGS> codes{};
+    codes.fill(-1);
+    for (int tag : {INT, LONG, FLOAT, DOUBLE}) codes[tag] = static_cast<std::int8_t>(typecode::INT + tag - INT);
+    for (int tag : {CLASS, ARRAY, NULLTYPE, ERROR}) codes[tag] = typecode::OBJECT;
+    for (int tag : {BYTE, BOOLEAN}) codes[tag] = typecode::BYTE;
+    codes[CHAR] = typecode::CHAR;
+    codes[SHORT] = typecode::SHORT;
+    return codes;
+}();
+} // namespace detail
+
 /// The code of a type; void, method and package types have none (internal error "typecode").
-int typeCode(const Type* type);
+inline int typeCode(const Type* type) {
+    int code = detail::typeCodes[type->tag];
+    require(code >= 0, "typecode");
+    return code;
+}
 /// The code under which a value is on the operand stack and in registers: byte, char and short are ints there.
 constexpr int truncate(int code) {
     return code >= typecode::BYTE ? typecode::INT : code;

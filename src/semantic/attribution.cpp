@@ -13,8 +13,7 @@ namespace tarn::attribution {
 
 using namespace typetag;
 
-bool checkKind(int pos, int found, int expected) {
-    if ((found & ~expected) == 0) return true;
+bool detail::checkKind(int pos, int found, int expected) {
     reportError(pos, messages::kindRequired, kindNames(expected), kindNames(found));
     return false;
 }
@@ -39,7 +38,7 @@ void reportMismatch(int pos, Type* found, Type* required) {
 
 } // namespace
 
-Type* checkAssignable(int pos, Type* found, Type* required) {
+Type* detail::checkAssignable(int pos, Type* found, Type* required) {
     if (required->tag == ERROR) return required;
     if (found->isAssignable(required)) return found;
     reportMismatch(pos, found, required);

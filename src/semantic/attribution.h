@@ -2,6 +2,7 @@
 
 #include "semantic/env.h"
 #include "semantic/symbol.h"
+#include "semantic/type.h"
 
 namespace tarn {
 
@@ -12,10 +13,21 @@ class Arena;
 /// result must be assignable to, `anythingType` for no expectation.
 namespace attribution {
 
-/// Whether `found` has no bits that `expected` has not; reports otherwise.
+namespace detail {
+// The checks where they are not satisfied at first sight.
 bool checkKind(int pos, int found, int expected);
-/// `found`, or the error type after a report. A constant keeps its identity through it.
 Type* checkAssignable(int pos, Type* found, Type* required);
+} // namespace detail
+
+/// Whether `found` has no bits that `expected` has not; reports otherwise.
+inline bool checkKind(int pos, int found, int expected) {
+    return (found & ~expected) == 0 || detail::checkKind(pos, found, expected);
+}
+/// `found`, or the error type after a report. A constant keeps its identity through it.
+inline Type* checkAssignable(int pos, Type* found, Type* required) {
+    bool isPlain = found == required || required->tag == typetag::ANYTHING;
+    return isPlain ? found : detail::checkAssignable(pos, found, required);
+}
 Type* checkNonVoid(int pos, Type* type);
 /// The type of a variable, an element or a cast that the tree names; the error type for `void`. The variables of one
 /// declaration share the tree, and what is wrong with it is said once.

@@ -227,7 +227,7 @@ Type* commonNumericType(Type* a, Type* b) {
 } // namespace
 
 Type* conditionalType(int pos, Type* a, Type* b) {
-    if (a->tag == ANYTHING) return b;
+    if (a->tag == ANYTHING || (a == b && !a->isConstant())) return b;
     if (b->tag == ANYTHING) return a;
     if (a->tag == ERROR || b->tag == ERROR) return errType;
     if (a->tag <= DOUBLE && b->tag <= DOUBLE) return commonNumericType(a, b);

@@ -3,6 +3,7 @@
 #include "runtime/arena.h"
 #include "semantic/symbol.h"
 #include "semantic/type.h"
+#include "syntax/well_known_names.h"
 
 #include <array>
 #include <cstdint>
@@ -132,26 +133,5 @@ inline Universe& universe() {
 extern Type* errType;      ///< tag ERROR, printed "<any>"
 extern Type* anythingType; ///< tag ANYTHING, printed "<anything>"
 extern Symbol* errSymbol;  ///< what a failed search becomes after its report
-
-/// Names that the compiler itself speaks of; entered at the first use of the table.
-struct WellKnownNames {
-    Name* init;   ///< "<init>"
-    Name* clinit; ///< "<clinit>"
-    Name* this_;
-    Name* super;
-    Name* class_;
-    Name* error; ///< "<error>", the name of an identifier that failed to parse
-    Name* empty;
-    Name* dot;
-    Name* star;
-    Name* length;
-    Name* javaLang; ///< "java.lang"
-    Name* javaLangObject;
-    Name* javaLangCloneable;
-    Name* null_;
-    Name* true_;
-    Name* false_;
-};
-const WellKnownNames& names();
 
 } // namespace tarn

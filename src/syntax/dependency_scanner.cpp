@@ -1,7 +1,7 @@
 #include "syntax/dependency_scanner.h"
 
-#include "semantic/universe.h"
 #include "syntax/name.h"
+#include "syntax/well_known_names.h"
 
 #include <array>
 #include <string>

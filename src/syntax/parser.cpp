@@ -1,8 +1,8 @@
 #include "syntax/parser.h"
 
 #include "driver/reporter.h"
-#include "semantic/universe.h"
 #include "syntax/nesting.h"
+#include "syntax/well_known_names.h"
 
 namespace tarn {
 

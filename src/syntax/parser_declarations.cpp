@@ -1,7 +1,7 @@
 #include "syntax/parser.h"
 
-#include "semantic/universe.h"
 #include "syntax/nesting.h"
+#include "syntax/well_known_names.h"
 
 namespace tarn {
 

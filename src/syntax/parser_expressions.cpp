@@ -2,8 +2,8 @@
 
 #include "runtime/failure.h"
 #include "semantic/type.h"
-#include "semantic/universe.h"
 #include "syntax/operators.h"
+#include "syntax/well_known_names.h"
 
 #include <array>
 #include <cstddef>

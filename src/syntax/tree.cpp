@@ -34,9 +34,6 @@ bool isPlainSelection(const Select* select) {
     return qualifier->tag == treetag::IDENT && select->sym->isStatic(); // else it may be null
 }
 
-NamedTree::NamedTree(int pos_, int tag_, Name* name_)
-    : Tree(pos_, name_ == names().error ? static_cast<int>(treetag::ERRONEOUS) : tag_), name(name_) {}
-
 Ident::Ident(int pos_, Name* name_, Symbol* sym_) : Ident(pos_, name_) {
     sym = sym_;
     type = sym_->type;

@@ -5,6 +5,7 @@
 #include "semantic/symbol.h"
 #include "store/store.h"
 #include "syntax/name.h"
+#include "syntax/well_known_names.h"
 
 #include <cstdint>
 #include <memory>
@@ -153,7 +154,9 @@ public:
 /// A node with a name; of tag ERRONEOUS if that is the error name.
 class NamedTree : public Tree {
 public:
-    NamedTree(int pos_, int tag_, Name* name_);
+    /// Erroneous if the name is missing.
+    NamedTree(int pos_, int tag_, Name* name_)
+        : Tree(pos_, name_ == names().error ? static_cast<int>(treetag::ERRONEOUS) : tag_), name(name_) {}
     [[nodiscard]] Name* fullName() const override { return name; }
 
     Name* name;
