@@ -186,6 +186,7 @@ Item* Unary::gen() {
 
 Item* Assignop::gen() {
     Item* v = lhs->gen();
+    if (setter != nullptr) static_cast<MemberItem*>(v)->setter = setter;
     if (tag == treetag::ASSIGN) {
         if (v->origin() != Origin::ORDINARY) return items::assign(v, codegen::genLoadAny(rhs, lhs->type));
         codegen::genLoadAs(rhs, lhs->type);

@@ -116,6 +116,7 @@ MemberItem* member(int pos, Symbol* symbol, ClassSymbol* site, bool nonvirtual, 
     item->site = site;
     item->nonvirtual = nonvirtual;
     item->selfQualified = selfQualified;
+    item->setter = nullptr;
     return item;
 }
 
@@ -428,12 +429,21 @@ void MemberItem::emitAccess(int instanceOpcode, int staticOpcode, int delta) {
 }
 
 void MemberItem::load(const Type* type) {
+    if (setter != nullptr) {
+        invoke();
+        return;
+    }
     if (kind != Kind::FIELD) fail("load", kind);
     emitter().checkAssigned(pos, trackedField());
     emitAccess(op::GETFIELD, op::GETSTATIC, widthOf(type));
 }
 
 void MemberItem::store(const Type* type) {
+    if (setter != nullptr) {
+        items::member(pos, setter, site)->invoke();
+        items::stackItem()->drop(type); // it gives the value back
+        return;
+    }
     if (kind != Kind::FIELD) fail("store", kind);
     int adr = trackedField();
     if (adr >= 0) {

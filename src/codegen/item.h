@@ -7,6 +7,7 @@ namespace tarn {
 class ClassSymbol;
 class CondItem;
 class ConstantType;
+class MethodSymbol;
 class Symbol;
 class Type;
 struct Chain;
@@ -178,7 +179,8 @@ public:
     Symbol* symbol = nullptr;
     ClassSymbol* site = nullptr; ///< through which it is reached; null for the class being generated
     bool nonvirtual = false;
-    bool selfQualified = false; ///< reached through `this` or a plain name
+    bool selfQualified = false;     ///< reached through `this` or a plain name
+    MethodSymbol* setter = nullptr; ///< of a variable that `symbol` reads and this method assigns; else null
     MemberItem* link = nullptr;
 
 private:

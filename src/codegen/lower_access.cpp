@@ -82,6 +82,14 @@ MethodSymbol* Lowering::accessMethod(Symbol* member, ClassSymbol* host, int op, 
     return symbol;
 }
 
+MethodSymbol* Lowering::setterBeside(const Symbol* getter) {
+    for (Accessed& each : accessed_)
+        for (const AccessMethod& method : each.methods)
+            if (method.symbol == getter)
+                return accessMethod(each.member, each.host, treetag::ASSIGN, each.member->type);
+    throw InternalError("no access method");
+}
+
 Tree* Lowering::access(Tree* qualifier, Symbol* member, ClassSymbol* host, int op, Type* operand) {
     if (member->kind == MTH) op = treetag::POS;
     Tree* callee = make_.select(qualifier, accessMethod(member, host, op, operand));

@@ -177,11 +177,56 @@ Tree* Lowering::translateExpr(Tree* tree, Place* place) {
 
 // An assignment to a variable that only an access method reaches becomes a call of that method.
 
+namespace {
+
+bool isQuiet(const Tree* tree);
+
+bool isQuietBinary(const Binary* tree) {
+    bool joinsStrings = tree->operator_->opcode == vop::STRING_CONCAT; // which may call toString
+    return !joinsStrings && isQuiet(tree->lhs) && isQuiet(tree->rhs);
+}
+
+/// Whether the evaluation of the expression changes no variable, as far as its form tells.
+bool isQuiet(const Tree* tree) {
+    if (tree->type == nullptr || tree->type->isConstant()) return true; // folded
+    if (tree->tag >= OR_OR && tree->tag <= MOD) return isQuietBinary(static_cast<const Binary*>(tree));
+    if (tree->tag >= POS && tree->tag < PREINC) return isQuiet(static_cast<const Unary*>(tree)->arg);
+    switch (tree->tag) {
+    case IDENT:
+    case THIS:
+    case SUPER: return true;
+    case SELECT: return isQuiet(static_cast<const Select*>(tree)->selected);
+    case TYPECAST:
+    case TYPETEST: return isQuiet(static_cast<const TypeOp*>(tree)->expr);
+    case INDEXED: {
+        const auto* element = static_cast<const Indexed*>(tree);
+        return isQuiet(element->indexed) && isQuiet(element->index);
+    }
+    case CONDITIONAL: {
+        const auto* choice = static_cast<const Conditional*>(tree);
+        return isQuiet(choice->cond) && isQuiet(choice->thenpart) && isQuiet(choice->elsepart);
+    }
+    default: return false;
+    }
+}
+
+} // namespace
+
+/// An access method does all of a compound assignment, unless the right side may change the field in the meantime: the
+/// language takes the field's value first.
 Tree* Lowering::translateAssignment(Assignop* tree, Place* place) {
-    tree->lhs = translateVariable(tree->lhs, place, tree->tag, tree->rhs->type);
+    bool inSteps = tree->tag != ASSIGN && !isQuiet(tree->rhs);
+    tree->lhs = translateVariable(tree->lhs, place, inSteps ? +POS : tree->tag, tree->rhs->type);
     tree->rhs = translateExpr(tree->rhs, place);
     if (tree->lhs->tag != APPLY) return tree;
     auto* call = static_cast<Apply*>(tree->lhs);
+    if (inSteps) {
+        auto* getter = static_cast<Select*>(call->meth);
+        tree->setter = setterBeside(getter->sym);
+        tree->lhs = getter;
+        getter->type = call->type;
+        return tree;
+    }
     call->args = make_.list({tree->rhs});
     return call;
 }

@@ -133,6 +133,8 @@ private:
     /// (without its operand) for a variable.
     Tree* access(Tree* qualifier, Symbol* member, ClassSymbol* host, int op, Type* operand);
     MethodSymbol* accessMethod(Symbol* member, ClassSymbol* host, int op, Type* operand);
+    /// The access method that assigns to the field of which `getter` is the one that reads it.
+    MethodSymbol* setterBeside(const Symbol* getter);
     MethodSymbol* accessConstructor(MethodSymbol* constructor);
     Trees accessArguments(Trees args, const Symbol* accessConstructor);
     Accessed& accessed(Symbol* member, ClassSymbol* host);

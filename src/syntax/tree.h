@@ -378,6 +378,7 @@ public:
     Tree* lhs;
     Tree* rhs;
     OperatorSymbol* operator_ = nullptr; ///< null for the plain assignment
+    MethodSymbol* setter = nullptr; ///< of a lowered one whose variable has access methods: `lhs` selects the getter
 };
 
 /// A cast or an `instanceof`.

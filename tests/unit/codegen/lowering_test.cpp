@@ -87,6 +87,16 @@ TEST_F(LoweringTest, AccessMethodsTakeWhatTheOperationNeeds) {
                             "final synthetic access$156:(I)B"));
 }
 
+TEST_F(LoweringTest, CompoundAssignmentsReadTheFieldBeforeWhatMayChangeIt) {
+    compileFine("class A { private long x; static private int y; int f() { return 1; }\n"
+                "class B { void f() { x += A.this.f(); } int g() { return y *= A.this.f(); } } }");
+    EXPECT_EQ(code("A$B", "f"), "aload_0, getfield A$B.this0:LA;, dup, invokevirtual A.access$171:()J, aload_0, "
+                                "getfield A$B.this0:LA;, invokevirtual A.f:()I, i2l, ladd, invokevirtual "
+                                "A.access$149:(J)J, pop2, return");
+    EXPECT_EQ(code("A$B", "g"), "invokestatic A.access$271:()I, aload_0, getfield A$B.this0:LA;, invokevirtual "
+                                "A.f:()I, imul, dup, invokestatic A.access$249:(I)I, pop, ireturn");
+}
+
 TEST_F(LoweringTest, CapturedVariablesComeFirst) {
     compileFine("class A { void m(final int n, final String s) {\n"
                 "class L { int k = 5; L(int own) { k += n; } String f() { return s; } int g() { return n; } }\n"
