@@ -110,14 +110,12 @@ bool isLegal(const ClassName& name) {
 
 namespace {
 
-/// Opens the scopes around a place once more. What is declared behind the line is not visible there.
+/// Opens the scopes around a place once more, those around a local class too. What is declared behind the line is not
+/// visible there.
 class ReenteredScopes {
 public:
-    ReenteredScopes(Scope* innermost, int line) {
-        for (Scope* scope = innermost; !scope->active; scope = scope->next) {
-            scopes_.push_back({scope, scope->elems});
-            if (scope->next == nullptr || scope->next->table != scope->table) break;
-        }
+    ReenteredScopes(const Env* env, int line) {
+        for (; env != nullptr; env = env->outer) addAll(env->scope);
         for (const Reentered& each : scopes_ | std::views::reverse) {
             Symbol*& newest = each.scope->elems;
             while (newest != nullptr && isDeclaredBehind(*newest->sym, line)) newest = newest->sibling;
@@ -138,6 +136,13 @@ private:
         Scope* scope;
         Symbol* elems;
     };
+
+    void addAll(Scope* innermost) {
+        for (Scope* scope = innermost; !scope->active; scope = scope->next) {
+            scopes_.push_back({scope, scope->elems});
+            if (scope->next == nullptr || scope->next->table != scope->table) break;
+        }
+    }
 
     static bool isDeclaredBehind(const Symbol& symbol, int line) {
         return (symbol.flags & flag::PARAMETER) == 0 && lineOf(symbol.pos) > line;
@@ -166,7 +171,7 @@ Tree* box(const ClassName& name, Tree* tree, Env* env, int line, Arena& arena) {
     Tree* callee = arena.make<Select>(NO_POSITION, Name::fromBytes("box"), supportClass(name, arena));
     Tree* const arguments[] = {tree};
     auto* call = arena.make<Apply>(tree->pos, callee, arena.copyArray<Tree*>(arguments));
-    ReenteredScopes scopes(env->scope, line);
+    ReenteredScopes scopes(env, line);
     call->attr(env->dup(call), VAL, context().objectType);
     return call;
 }

@@ -12,7 +12,7 @@
 #include "syntax/position.h"
 #include "syntax/tree.h"
 
-#include <unordered_map>
+#include <algorithm>
 #include <utility>
 
 namespace tarn {
@@ -156,6 +156,16 @@ ClassSymbol* HostCompiler::classInfo(std::string_view className) {
 
 // ---- evaluation
 
+namespace {
+
+/// Lines that no position can tell are shown as the last one that can.
+Position startOfLine(int line) {
+    constexpr int LAST = (1 << 22) - 1;
+    return makePosition(static_cast<unsigned>(std::clamp(line, 0, LAST)), 1);
+}
+
+} // namespace
+
 bool HostCompiler::isPrepared(const StoreRef& source) const {
     return evalSource_ != nullptr && evalSource_->equals(*source) && evalDate_ == source->date();
 }
@@ -167,8 +177,8 @@ Env* HostCompiler::envAtLine(const StoreRef& source, int line) {
         evalSource_ = source;
         evalDate_ = date;
     }
-    Env* env = eval::walk(evalUnit_, nullptr, line);
-    if (env == nullptr) reportError(makePosition(static_cast<unsigned>(line), 1), messages::lineHasNoCode);
+    Env* env = eval::envAt(evalUnit_, line);
+    if (env == nullptr) reportError(startOfLine(line), messages::lineHasNoCode);
     return env;
 }
 

@@ -4,6 +4,7 @@
 
 namespace tarn {
 
+class CompilationUnit;
 class Symbol;
 class Tree;
 
@@ -15,6 +16,10 @@ namespace eval {
 ///
 /// Only where a construct starts is looked at: what lies behind the last statement of a block counts as inside of it.
 Env* walk(Tree* tree, Env* env, int line);
+
+/// The innermost environment of the unit that holds the line: the one that `walk` finds, or if it stands in an anonymous
+/// class, the one in that. The first line of its body belongs to the statement around it.
+Env* envAt(CompilationUnit* unit, int line);
 
 /// The symbol whose name stands at the position; null if there is none. `tree` may be null.
 Symbol* find(Tree* tree, int position);

@@ -74,4 +74,24 @@ Env* walk(Tree* tree, Env* env, int line) {
     }
 }
 
+namespace {
+
+/// The innermost anonymous class around the line; null if there is none.
+ClassDef* anonymousAround(const CompilationUnit* unit, int line) {
+    for (Tree* tree : unit->anonymousClasses) {
+        auto* def = static_cast<ClassDef*>(tree);
+        bool isAround = lineOf(def->body->pos) < line && line <= lineOf(def->body->endPos);
+        if (isAround && def->env != nullptr) return def;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Env* envAt(CompilationUnit* unit, int line) {
+    Env* env = walk(unit, nullptr, line);
+    ClassDef* anonymous = env == nullptr ? nullptr : anonymousAround(unit, line);
+    return anonymous == nullptr ? env : walk(anonymous, env, line);
+}
+
 } // namespace tarn::eval

@@ -336,6 +336,7 @@ public:
     Env* env = nullptr;
     int localClassCount = 1;      ///< the number for the next local class that was not parsed
     int anonymousClassCount = 1;  ///< the same for anonymous classes
+    Trees anonymousClasses;       ///< the ClassDefs of those that were parsed, an inner one before its outer one
     bool hasInnerClasses = false; ///< a member, local or anonymous class was attributed
 
 private:

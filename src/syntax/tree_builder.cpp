@@ -172,6 +172,7 @@ Tree* TreeBuilder::literal(int pos, int tag, ConstantType* value) {
 
 Tree* TreeBuilder::newClass(int pos, Tree* encl, Tree* clazz, TreeBuffer* args, Tree* def) {
     Trees list = toTrees(args);
+    if (def != nullptr) anonymousClasses_.push_back(def);
     Tree* node = arena_.make<NewClass>(pos, encl, clazz, list, static_cast<ClassDef*>(def));
     return expression(node, highest(encl, clazz, list, def));
 }
@@ -312,6 +313,7 @@ Tree* TreeBuilder::compilationUnit(TreeBuffer* defs, const StoreRef& source) {
     auto* unit = arena_.make<CompilationUnit>(arena_, toTrees(defs), source);
     unit->localClassCount = numbers_.nextLocal();
     unit->anonymousClassCount = numbers_.nextAnonymous();
+    unit->anonymousClasses = arena_.copyArray<Tree*>(anonymousClasses_);
     isExpr = isType = false;
     lastTag = treetag::TOPLEVEL;
     return unit;

@@ -83,6 +83,7 @@ private:
     int limit_;                                        ///< greatest height of a tree
     std::vector<std::unique_ptr<TreeBuffer>> buffers_; ///< all lists ever made
     std::vector<TreeBuffer*> freeBuffers_;             ///< those not in use
+    std::vector<Tree*> anonymousClasses_;              ///< that are complete
     ClassNumbers numbers_;
     std::vector<ClassDef*>
         classes_; ///< by index in `numbers_`, of the outermost class that is open; null until it ends
