@@ -24,12 +24,12 @@ struct ClassName {
 /// The names of a class that a class file can have.
 bool isLegal(const ClassName& name);
 
-/// The tree, in `arena`. Makes a store named "<expr>" the current source, and leaves it so. `expression` is in UTF-8; text
-/// that is not is taken as Latin-1.
+/// The tree, in `arena`. Makes a store named "<expr>" the current source, and leaves it so. `expression` is in UTF-8;
+/// text that is not is taken as Latin-1.
 Tree* parseExpression(std::string_view expression, Arena& arena);
 
-/// The class file of a class whose `eval` gives the value of the expression as it stands at the line, for which `env` is
-/// the environment. `task` owns the expression's tree, and gets the trees of the class.
+/// The class file of a class whose `eval` gives the value of the expression as it stands at the line, for which `env`
+/// is the environment. `task` owns the expression's tree, and gets the trees of the class.
 Bytes translate(const ClassName& name, Tree* tree, Env* env, int line, CompileTask& task);
 
 } // namespace eval

@@ -50,6 +50,11 @@ Symbol* findName(const NamedTree* tree, int position) {
     return isAt ? tree->sym : nullptr;
 }
 
+/// Whether the block has a closing brace. What the parser puts around a statement alone ends where that begins.
+bool hasEnd(const Block* block) {
+    return block->stats.empty() || block->endPos != block->stats.back()->pos;
+}
+
 /// In a construct whose children all stand behind its position.
 Symbol* findInside(Tree* tree, int p) {
     if (tree->pos > p) return nullptr;
@@ -84,7 +89,7 @@ Symbol* findInside(Tree* tree, int p) {
     }
     case treetag::BLOCK: {
         auto* t = static_cast<Block*>(tree);
-        return t->endPos < p ? nullptr : findIn(t->stats, p);
+        return hasEnd(t) && t->endPos < p ? nullptr : findIn(t->stats, p);
     }
     case treetag::TRY: {
         auto* t = static_cast<Try*>(tree);
@@ -123,7 +128,7 @@ Symbol* find(Tree* tree, int p) {
     if (isOneOf(tree->tag, treetag::POS, treetag::POSTDEC)) return find(static_cast<Unary*>(tree)->arg, p);
     if (isOneOf(tree->tag, treetag::OR_OR, treetag::MOD)) {
         auto* t = static_cast<Binary*>(tree);
-        return lateThenEarly(t, p, t->lhs, t->rhs);
+        return firstOf(p, t->rhs, t->lhs); // its position is that of an operator behind, if that binds tighter
     }
     if (isOneOf(tree->tag, treetag::ASSIGN, treetag::MOD_ASG)) {
         auto* t = static_cast<Assignop*>(tree);

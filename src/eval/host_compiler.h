@@ -19,14 +19,14 @@ class Symbol;
 class TreeFactory;
 struct Env;
 
-/// The compiler as another program sees it that has it linked in, such as a debugger. This is the one header that such a
-/// host needs; docs/host-interface.md tells how to use it.
+/// The compiler as another program sees it that has it linked in, such as a debugger. This is the one header that such
+/// a host needs; docs/host-interface.md tells how to use it.
 ///
 /// One operation runs at a time, on one thread: options, names and the current reporter are process-wide. What is wrong
 /// with a source goes to a reporter or into a failure text; after it the compiler serves the next request as ever.
 /// Operations recurse as deep as their input is nested, so a host calls them within `runOnBigStack`
-/// (runtime/big_stack.h) if it has to take sources as they come; what is nested too deep for the stack is an error in any
-/// case.
+/// (runtime/big_stack.h) if it has to take sources as they come; what is nested too deep for the stack is an error in
+/// any case.
 ///
 /// Classes are read afresh for each compile, each source that is evaluated in or searched, and whenever the class path
 /// changes. Evaluation goes on with what was read for as long as it stays in one source.
@@ -48,8 +48,8 @@ public:
     /// The symbol whose name stands at a position (`line << 10 | column`, both from 1) of the source; null if there is
     /// none. Reports nothing. Valid until the next `symbolAt`, `classInfo` or `compile`.
     Symbol* symbolAt(const StoreRef& source, int position);
-    /// A lean copy of the class of that flat name ("java.util.Hashtable") with the constant pool of its file. Valid until
-    /// the next `symbolAt` or `compile`. Throws IoFailure if the class can't be read.
+    /// A lean copy of the class of that flat name ("java.util.Hashtable") with the constant pool of its file. Valid
+    /// until the next `symbolAt` or `compile`. Throws IoFailure if the class can't be read.
     ClassSymbol* classInfo(std::string_view className);
     /// Compiles an expression as if it stood at the line of the source, to a class `prefix.className` that implements
     /// `prefix.IExpression`, and writes the class file to `out`. `prefix` is "quillon.compiler.loader"; the interfaces

@@ -30,7 +30,8 @@ Env* walkChoice(const Conditional* tree, Env* env, int line) {
 
 Env* walkTry(const Try* tree, Env* env, int line) {
     if (tree->finalizer != nullptr && !beginsAfter(tree->finalizer, line)) return walk(tree->finalizer, env, line);
-    if (!tree->catchers.empty() && !beginsAfter(tree->catchers.front(), line)) return walkList(tree->catchers, env, line);
+    if (!tree->catchers.empty() && !beginsAfter(tree->catchers.front(), line))
+        return walkList(tree->catchers, env, line);
     return walk(tree->body, env, line);
 }
 

@@ -79,8 +79,7 @@ int evaluate(const Request& request) {
     compiler.setClassPath(tarn::parsePathList(request.classPath != nullptr ? request.classPath : defaultClassPath()));
     compiler.setEncoding(tarn::resolveEncoding(request.encoding));
     tarn::DirectoryStore out(request.operands[3]);
-    auto failure =
-        compiler.evaluate(PREFIX, request.className, out, line, findSource(request), request.operands[2]);
+    auto failure = compiler.evaluate(PREFIX, request.className, out, line, findSource(request), request.operands[2]);
     if (!failure) return 0;
     tarn::errorPrintln(*failure);
     return FAILED;

@@ -33,7 +33,8 @@ Bytes bytesOf(std::string_view text) {
 } // namespace
 
 EvaluationTest::EvaluationTest() {
-    for (auto [name, text] : {std::pair{"IEvaluatorContext", evaluatorContext}, {"IExpression", expression}, {"EvalSupport", support}}) {
+    for (auto [name, text] :
+         {std::pair{"IEvaluatorContext", evaluatorContext}, {"IExpression", expression}, {"EvalSupport", support}}) {
         compile(name, text);
         std::string fileName = std::string(name) + ".class";
         std::string path_ = "quillon/compiler/loader/" + fileName;

@@ -81,10 +81,11 @@ TEST_F(EvalGenerationTest, NamesAreReadThroughHandles) {
         {"null", "aconst_null"},
         {"a[i]", THIS("a") ", .getObjectValue, " VARIABLE("i") ", .getIntValue, .getIndexed, .getIntValue"},
         {"chars.length", VARIABLE("chars") ", " FIELD("length") ", .getIntValue"},
-        {"all[0][1].f", THIS("all") ", .getObjectValue, iconst_0, .getIndexed, .getObjectValue, iconst_1, .getIndexed, "
-                                    FIELD("f") ", .getIntValue"},
-        {"(t ? next : null).f", VARIABLE("t") ", .getBooleanValue, ifeq 39, " THIS("next")
-                                    ", .getObjectValue, goto 40, aconst_null, " FIELD("f") ", .getIntValue"},
+        {"all[0][1].f",
+         THIS("all") ", .getObjectValue, iconst_0, .getIndexed, .getObjectValue, iconst_1, .getIndexed, " FIELD(
+             "f") ", .getIntValue"},
+        {"(t ? next : null).f", VARIABLE("t") ", .getBooleanValue, ifeq 39, " THIS(
+                                    "next") ", .getObjectValue, goto 40, aconst_null, " FIELD("f") ", .getIntValue"},
         {"new int[2].length", "iconst_2, newarray 10, arraylength"},
     };
     expect(STOP, rows);
@@ -94,20 +95,20 @@ TEST_F(EvalGenerationTest, PlacesAreWrittenThroughHandles) {
     const Row rows[] = {
         {"d = 2", "ldc2_w 2d, dup2, " VARIABLE("d") ", dup_x2, pop, .setDoubleValue"},
         {"i = 2", "iconst_2, dup, " VARIABLE("i") ", swap, .setIntValue"},
-        {"i--", VARIABLE("i") ", .getIntValue, " VARIABLE("i") ", .getIntValue, iconst_m1, iadd, " VARIABLE("i")
-                    ", swap, .setIntValue"},
-        {"i += 100", VARIABLE("i") ", .getIntValue, bipush 100, iadd, " VARIABLE("i") ", swap, .setIntValue, " VARIABLE("i")
-                         ", .getIntValue"},
+        {"i--", VARIABLE("i") ", .getIntValue, " VARIABLE("i") ", .getIntValue, iconst_m1, iadd, " VARIABLE(
+                    "i") ", swap, .setIntValue"},
+        {"i += 100", VARIABLE("i") ", .getIntValue, bipush 100, iadd, " VARIABLE("i") ", swap, .setIntValue, " VARIABLE(
+                         "i") ", .getIntValue"},
         {"x++", VARIABLE("x") ", .getLongValue, dup2, lconst_1, ladd, " VARIABLE("x") ", dup_x2, pop, .setLongValue"},
         {"n += 1", VARIABLE("n") ", .getByteValue, iconst_1, iadd, i2b, dup, " VARIABLE("n") ", swap, .setByteValue"},
         {"b++", THIS("b") ", dup, .getByteValue, dup_x1, iconst_1, iadd, i2b, .setByteValue"},
-        {"s <<= i", STATIC("p.Subject", "s") ", dup, .getLongValue, " VARIABLE("i")
-                        ", .getIntValue, lshl, dup2_x1, .setLongValue"},
+        {"s <<= i", STATIC("p.Subject",
+                           "s") ", dup, .getLongValue, " VARIABLE("i") ", .getIntValue, lshl, dup2_x1, .setLongValue"},
         {"next.a[i].f", "error in expression (column = 11): object type required, but int found"},
-        {"next.a[0] = f = 1", THIS("next") ", " FIELD("a") ", .getObjectValue, iconst_0, .getIndexed, " THIS("f")
-                                  ", iconst_1, dup_x1, .setIntValue, dup_x1, .setIntValue"},
-        {"(next = this).f", THIS("next") ", " VARIABLE("this") ", .getObjectValue, dup_x1, .setObjectValue, " FIELD("f")
-                                ", .getIntValue"},
+        {"next.a[0] = f = 1", THIS("next") ", " FIELD("a") ", .getObjectValue, iconst_0, .getIndexed, " THIS(
+                                  "f") ", iconst_1, dup_x1, .setIntValue, dup_x1, .setIntValue"},
+        {"(next = this).f",
+         THIS("next") ", " VARIABLE("this") ", .getObjectValue, dup_x1, .setObjectValue, " FIELD("f") ", .getIntValue"},
     };
     expect(STOP, rows);
 }
@@ -128,7 +129,8 @@ TEST_F(EvalGenerationTest, InnerClassesReachWhatIsAroundThem) {
         {"c", THIS("val$c") ", .getIntValue"},
         {"g", THIS("this0") ", " FIELD("g") ", .getIntValue"},
         {"next", THIS("this0") ", " FIELD("this0") ", " FIELD("next") ", .getObjectValue"},
-        {"n", "error in expression (column = 1): local variable n is accessed from within inner class; needs to be declared final"},
+        {"n", "error in expression (column = 1): local variable n is accessed from within inner class; needs to be "
+              "declared final"},
     };
     expect(IN_INNER, inner);
     expect(IN_ANONYMOUS, anonymous);
@@ -137,18 +139,22 @@ TEST_F(EvalGenerationTest, InnerClassesReachWhatIsAroundThem) {
 
 TEST_F(EvalGenerationTest, OrdinaryCodeGetsObjectsOfTheTypesThatItTakes) {
     const Row rows[] = {
-        {"\"a\".concat(text)", "\"a\", " VARIABLE("text") ", .getObjectValue, checkcast java/lang/String, invokevirtual "
-                               "java/lang/String.concat:(Ljava/lang/String;)Ljava/lang/String;"},
-        {"new Subject[] {next}", "iconst_1, anewarray p/Subject, dup, iconst_0, " THIS("next")
-                                 ", .getObjectValue, checkcast p/Subject, aastore"},
+        {"\"a\".concat(text)",
+         "\"a\", " VARIABLE("text") ", .getObjectValue, checkcast java/lang/String, invokevirtual "
+                                    "java/lang/String.concat:(Ljava/lang/String;)Ljava/lang/String;"},
+        {"new Subject[] {next}", "iconst_1, anewarray p/Subject, dup, iconst_0, " THIS(
+                                     "next") ", .getObjectValue, checkcast p/Subject, aastore"},
         {"new Object[] {next}[0] = any",
-         "iconst_1, anewarray java/lang/Object, dup, iconst_0, " THIS("next") ", .getObjectValue, aastore, iconst_0, "
-         VARIABLE("any") ", .getObjectValue, dup_x2, aastore"},
-        {"text += any", VARIABLE("text") ", .getObjectValue, " VALUE_OF ", " VARIABLE("any") ", .getObjectValue, " VALUE_OF
-                        ", " VALUE_OF ", invokevirtual java/lang/String.concat:(Ljava/lang/String;)Ljava/lang/String;, dup, "
-                        VARIABLE("text") ", swap, .setObjectValue"},
-        {"new Subject().next.f", "new p/Subject, dup, invokespecial p/Subject.<init>:()V, getfield p/Subject.next:Lp/Subject;, "
-                                 "getfield p/Subject.f:I"},
+         "iconst_1, anewarray java/lang/Object, dup, iconst_0, " THIS(
+             "next") ", .getObjectValue, aastore, iconst_0, " VARIABLE("any") ", .getObjectValue, dup_x2, aastore"},
+        {"text += any",
+         VARIABLE("text") ", .getObjectValue, " VALUE_OF ", " VARIABLE(
+             "any") ", .getObjectValue, " VALUE_OF ", " VALUE_OF
+                    ", invokevirtual java/lang/String.concat:(Ljava/lang/String;)Ljava/lang/String;, dup, " VARIABLE(
+                        "text") ", swap, .setObjectValue"},
+        {"new Subject().next.f",
+         "new p/Subject, dup, invokespecial p/Subject.<init>:()V, getfield p/Subject.next:Lp/Subject;, "
+         "getfield p/Subject.f:I"},
     };
     expect(STOP, rows);
 }

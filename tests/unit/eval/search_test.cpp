@@ -11,8 +11,8 @@ namespace {
 
 // ---- by line
 
-// Behind "//" stand the variables that are visible in the line, of all that the source declares; "-" stands for a line that is
-// no place for an expression. The first blank after a line's end is not looked at.
+// Behind "//" stand the variables that are visible in the line, of all that the source declares; "-" stands for a line
+// that is no place for an expression. The first blank after a line's end is not looked at.
 const char* const scopes = R"(package p;                          // -
                                                                   // -
 public abstract class Subject {                                   // field
@@ -37,8 +37,8 @@ public abstract class Subject {                                   // field
         while (test) {                                            // field param test other
             int inWhile = 1;                                      // field param test other inWhile
         }                                                         // field param test other inWhile
-        for (int index = 0;                                       // field param test other
-             index < 2;                                           // field param test other
+        for (int index = 0;                                       // field param test other index
+             index < 2;                                           // field param test other index
              index++) {                                           // field param test other index
             int inFor = 1;                                        // field param test other index inFor
         }                                                         // field param test other index inFor
@@ -137,7 +137,7 @@ class #Subject extends @Base implements @Runner, @Marker {
         @i = @z ? @i : @j;
         @make(@i + @j * @array[@i], @other).@member = -@i;
         @list = new @Base[@i];
-        @other = new @Base(@j);
+        @other = new #Base(@j);
         do @i++; while (@z);
         while (@z) { --@j; }
         for (int #k = @i; @k < @j; @k++) @i += @k;
@@ -154,9 +154,9 @@ class #Subject extends @Base implements @Runner, @Marker {
     }
 }
 interface #Marker { }
-class #Base { int #member; @Base #self; #Base(int #n) { this.@member = @n; } #Base() { } @Base #make(int #a, @Base #b) throws @Failure { return @self; } }
+class #Base { int #member; @Base #self; #Base(int #n) { this.@member = @n; } #Base() { } #Base #make(int #a, @Base #b) throws @Failure { return @self; } }
 class #Failure extends @RuntimeException { }
-interface #Runner extends @Marker { void #run(); @Marker #all(@Base #b); }
+interface #Runner extends @Marker { void #run(); #Marker #all(@Base #b); }
 )";
 
 struct Marked {

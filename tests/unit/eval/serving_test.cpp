@@ -1,5 +1,6 @@
 #include "evaluation.h"
 
+#include "runtime/console.h"
 #include "runtime/failure.h"
 #include "semantic/symbol.h"
 #include "syntax/tree_builder.h"
@@ -42,13 +43,13 @@ TEST_F(EvalServingTest, FailuresAreTextsAndTheNextRequestIsServed) {
         {STOP, "'", "error in expression (column = 1): unclosed character literal"},
         {STOP, "nowhere", "error in expression (column = 1): variable nowhere not found in class p.Subject"},
         {STOP, "f = 1L", "error in expression (column = 5): possible loss of precision: long, required: int"},
-        {STOP, "int", "error in expression (column = 4): '.' expected"},
-        {STOP, "stop(1)", "error in expression (column = 0): method box(void) not found in class quillon.compiler.loader.EvalSupport"},
+        {STOP, "stop(1)",
+         "error in expression (column = 0): method box(void) not found in class quillon.compiler.loader.EvalSupport"},
         {STOP, "toString()", "error in expression (column = 1): not supported: remote method calls"},
         {STOP, "super.toString()", "error in expression (column = 7): not supported: remote method calls"},
         {STOP, "Subject.class", "error in expression (column = 9): not supported: remote method calls"},
-        {STOP, "new Object() { int x; }", "error in expression (column = 14): expression cannot be evaluated"},
-        {STOP, "new Inner()", "error in expression (column = 1): expression cannot be evaluated"},
+        {STOP, "new Object() { int x; }", "error in expression (column = 11): expression cannot be evaluated"},
+        {STOP, "new Inner()", "error in expression (column = 10): expression cannot be evaluated"},
         {STOP, "(i > 0 ? this : new Subject()).f", "error in expression (column = 8): expression cannot be evaluated"},
         {1, "f", ": error #800: not a valid line for an expression"},
         {0, "f", ": error #800: not a valid line for an expression"},
@@ -80,14 +81,16 @@ TEST_F(EvalServingTest, AChangedSourceIsReadAgainAndAnUnchangedOneIsNot) {
     auto lines = [&](auto request) {
         testing::internal::CaptureStdout();
         request();
+        flushConsole();
         std::string printed = testing::internal::GetCapturedStdout();
         return std::count(printed.begin(), printed.end(), '\n');
     };
     EXPECT_EQ(lines([&] { expectServed(); }), 1);
     EXPECT_EQ(lines([&] {
-        for (const char* text : {"f", "nowhere", "i = f", "((", "toString()"}) evaluate(STOP, text);
-        expectServed();
-    }), 0);
+                  for (const char* text : {"f", "nowhere", "i = f", "((", "toString()"}) evaluate(STOP, text);
+                  expectServed();
+              }),
+              0);
     EXPECT_EQ(evaluate(STOP, "more"), "error in expression (column = 1): variable more not found in class p.Subject");
     setSource("package p;\npublic class Subject {\n    int more;\n    void stop() {\n    }\n}");
     EXPECT_EQ(lines([&] { EXPECT_EQ(evaluate(STOP, "more"), ""); }), 1);
@@ -172,7 +175,7 @@ TEST_F(EvalServingTest, HostileExpressionsAreRefusedOrCompiled) {
                                     std::string("\\u"), std::string("f // behind"), std::string("\"\xff\"")})
         evaluate(STOP, text);
     EXPECT_EQ(evaluate(STOP, quoted), "error in expression (column = 0): error writing class "
-                                      "quillon.compiler.loader.Expression: string constant too long");
+                                      "quillon.compiler.loader.Expression: length of a name or string exceeded");
     EXPECT_EQ(evaluate(STOP, "\"\xc3\xa4\""), "");
     expectServed();
 }
