@@ -1,6 +1,7 @@
 #include "targets.h"
 
 #include "driver/properties.h"
+#include "expressions.h"
 #include "runtime/failure.h"
 #include "store/archive_store.h"
 #include "store/encoding.h"
@@ -25,10 +26,21 @@ void writeFile(const fs::path& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
+} // namespace
+
 void save(const std::vector<File>& files) {
     if (saveFolder.empty()) return;
     for (const File& file : files) writeFile(fs::path(saveFolder) / file.name, file.text);
 }
+
+const Program& goodProgram(const Corpus& corpus, Random& random) {
+    for (;;) {
+        const Program& program = random.oneOf(corpus.programs);
+        if (!program.classes.empty()) return program;
+    }
+}
+
+namespace {
 
 constexpr std::string_view ENCODINGS[] = {"UTF8",    "8859_1", "SJIS",       "EUCJIS",        "Unicode",
                                           "Cp1252",  "JIS",    "UnicodeBig", "UnicodeLittle", "GB2312",
@@ -41,14 +53,6 @@ Compilation randomCompilation(const Corpus& corpus, Random& random) {
     compilation.options.trackDependencies = random.oneIn(3);
     if (random.oneIn(8)) compilation.encoding = ENCODINGS[random.below(std::size(ENCODINGS))];
     return compilation;
-}
-
-/// One that compiles, so that a mutation of it may get far.
-const Program& goodProgram(const Corpus& corpus, Random& random) {
-    for (;;) {
-        const Program& program = random.oneOf(corpus.programs);
-        if (!program.classes.empty()) return program;
-    }
 }
 
 // ---- sources
@@ -196,7 +200,8 @@ constexpr Target TARGETS[] = {{"sources", runSources},
                               {"archives", runArchives},
                               {"properties", runProperties},
                               {"encodings", runEncodings},
-                              {"dependencies", runDependencies}};
+                              {"dependencies", runDependencies},
+                              {"expressions", runExpressions}};
 
 } // namespace
 

@@ -22,5 +22,10 @@ void runDependencies(const Corpus& corpus, Random& random);
 
 /// If not empty, each input is written below this folder before it is used.
 extern std::string saveFolder;
+/// Does that.
+void save(const std::vector<File>& files);
+
+/// A program that compiles, so that a mutation of it may get far.
+const Program& goodProgram(const Corpus& corpus, Random& random);
 
 } // namespace tarn::fuzz

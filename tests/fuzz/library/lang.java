@@ -181,12 +181,14 @@ public final class Double extends Number {
 }
 
 public final class Byte {
+    public Byte(byte value) {}
     public static final byte MIN_VALUE = -128;
     public static final byte MAX_VALUE = 127;
     public static final Class TYPE = null;
 }
 
 public final class Short {
+    public Short(short value) {}
     public static final short MIN_VALUE = -32768;
     public static final short MAX_VALUE = 32767;
     public static final Class TYPE = null;
