@@ -88,7 +88,7 @@ Type* makeBoolean(bool value) {
 }
 
 Type* divisionByZero(int pos, Type* result) {
-    reportError(pos, messages::cannotComputeValue, "/ by zero");
+    reportWarning(pos, messages::cannotComputeValue, "/ by zero");
     return result;
 }
 

@@ -119,6 +119,7 @@ public class Main {
         try { zero /= zero; } catch (ArithmeticException e) { caught++; }
         try { lzero %= 0 * lzero; } catch (ArithmeticException e) { caught++; }
         try { int unused = 1 / zero; } catch (ArithmeticException e) { caught++; }
+        try { int unused = 1 / 0; } catch (ArithmeticException e) { caught++; }
         System.out.println("divisions by zero: " + caught);
     }
 
