@@ -11,6 +11,7 @@
 #include "semantic/universe.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace tarn {
@@ -60,11 +61,18 @@ bool Maker::isOfLibrary(const ClassNode& c) {
 
 /// All supertypes but Object, each once; those of a class of a library are not looked for.
 std::vector<ClassNode*> Maker::supertypesOf(ClassNode& c) {
+    constexpr std::size_t FEW = 16;
     std::vector<ClassNode*> found;
+    std::unordered_set<const ClassNode*> index; // of those found, if they are more than a few
+    auto isNew = [&](const ClassNode* node) {
+        if (found.size() < FEW) return std::find(found.begin(), found.end(), node) == found.end();
+        if (index.empty()) index.insert(found.begin(), found.end());
+        return index.insert(node).second;
+    };
     auto add = [&](const ImportRecord* supertype) {
         if (supertype == nullptr || supertype->name == names().javaLangObject) return;
         ClassNode* node = &graph_.classNode(supertype->name);
-        if (node != &c && std::find(found.begin(), found.end(), node) == found.end()) found.push_back(node);
+        if (node != &c && isNew(node)) found.push_back(node);
     };
     for (std::size_t i = 0; i <= found.size(); i++) {
         ClassNode& next = i == 0 ? c : *found[i - 1];

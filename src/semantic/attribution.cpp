@@ -154,7 +154,10 @@ void settleConstant(VarSymbol* v, Type* value) {
     if (!value->isConstant()) return;
     bool takesValue =
         v->type->tag != CLASS ? v->type->tag <= BOOLEAN && v->type->tag != ERROR : v->type == context().stringType;
-    if (takesValue) v->type = value->coerce(v->type->tag);
+    if (!takesValue) return;
+    // Other constants may be joined of this one more than once, so its text must not be put together for each of them.
+    if (v->type->tag == CLASS) value->constValue()->stringValue();
+    v->type = value->coerce(v->type->tag);
 }
 
 void evalConst(VarSymbol* v) {

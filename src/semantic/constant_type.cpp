@@ -3,7 +3,9 @@
 #include "semantic/context.h"
 #include "semantic/type.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 namespace tarn {
 
@@ -47,7 +49,23 @@ bool StringConstant::isAssignable(Type* other) {
 }
 
 bool StringConstant::equals(const ConstantType* other) const {
-    return other->tag == CLASS && static_cast<const StringConstant*>(other)->value == value;
+    return other->tag == CLASS && other->stringValue() == stringValue();
+}
+
+Name* StringConstant::join() const {
+    std::vector<Name*> parts; // from the last to the first
+    std::vector<const ConstantType*> waiting{this};
+    while (!waiting.empty()) {
+        const ConstantType* next = waiting.back();
+        waiting.pop_back();
+        const auto* text = next->tag == CLASS ? static_cast<const StringConstant*>(next) : nullptr;
+        if (text != nullptr && text->value == nullptr)
+            waiting.insert(waiting.end(), {text->left, text->right});
+        else
+            parts.push_back(next->stringValue());
+    }
+    std::reverse(parts.begin(), parts.end());
+    return value = Name::concat(parts);
 }
 
 // ---- values

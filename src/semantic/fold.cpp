@@ -252,7 +252,7 @@ Type* fold2(int pos, Type* left, Type* right, int opcode, Type* result) {
     case DCMPG: return foldDouble(a->doubleValue(), b->doubleValue(), opcode, result);
     case IF_ACMPEQ: return makeBoolean(a->equals(b));
     case IF_ACMPNE: return makeBoolean(!a->equals(b));
-    case vop::STRING_CONCAT: return context().stringConstant(CLASS, a->stringValue()->append(b->stringValue()));
+    case vop::STRING_CONCAT: return context().joinedString(a, b);
     default: return foldInt(pos, a, b, opcode, result);
     }
 }

@@ -194,6 +194,9 @@ public:
 
 /// A string constant: not interned, so each literal is an object (and a pool entry) of its own. The text is a name, in
 /// class-file UTF-8; two constants are equal if they have the same one. The numeric values are internal errors.
+///
+/// One that was joined of two constants puts its text together when it is asked for, since the texts of all the steps
+/// of a long concatenation would take the square of its length.
 class StringConstant final : public ConstantType {
 public:
     bool isAssignable(Type* other) override;
@@ -201,10 +204,15 @@ public:
     [[nodiscard]] std::int64_t longValue() const override;
     [[nodiscard]] float floatValue() const override;
     [[nodiscard]] double doubleValue() const override;
-    [[nodiscard]] Name* stringValue() const override { return value; }
+    [[nodiscard]] Name* stringValue() const override { return value != nullptr ? value : join(); }
     [[nodiscard]] bool equals(const ConstantType* other) const override;
 
-    Name* value = nullptr;
+    mutable Name* value = nullptr;      ///< null until a joined text is asked for
+    const ConstantType* left = nullptr; ///< the parts of a joined text, else null
+    const ConstantType* right = nullptr;
+
+private:
+    Name* join() const;
 };
 
 /// Same length, and each of `a` a subtype of its counterpart in `b`.

@@ -273,6 +273,15 @@ StringConstant* Universe::stringConstant(int tag, Name* text) {
     return made;
 }
 
+StringConstant* Universe::joinedString(const ConstantType* left, const ConstantType* right) {
+    auto* made = arena.make<StringConstant>();
+    made->init(CLASS, stringBase->tsym, stringBase->hash);
+    made->constant = true;
+    made->left = left;
+    made->right = right;
+    return made;
+}
+
 Type* Universe::classType(int tag, ClassSymbol* symbol) {
     auto* type = arena.make<Type>();
     type->init(tag, symbol, symbol->flatName == nullptr ? 0 : symbol->flatName->index);

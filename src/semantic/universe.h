@@ -29,8 +29,8 @@ public:
     Universe& operator=(const Universe&) = delete;
     virtual ~Universe();
 
-    /// Makes this the universe that `universe()`, `errType`, `anythingType` and `errSymbol` stand for, as the constructor
-    /// does.
+    /// Makes this the universe that `universe()`, `errType`, `anythingType` and `errSymbol` stand for, as the
+    /// constructor does.
     void makeCurrent();
 
     /// Loads the well-known classes and enters the operators; does nothing the second time. Throws ClassNotFound if a
@@ -45,6 +45,8 @@ public:
     FloatConstant* floatConstant(int tag, float value);
     DoubleConstant* doubleConstant(int tag, double value);
     StringConstant* stringConstant(int tag, Name* text);
+    /// The two as texts, one behind the other.
+    StringConstant* joinedString(const ConstantType* left, const ConstantType* right);
     /// A plain type of that tag and symbol.
     Type* classType(int tag, ClassSymbol* symbol);
     TypeList* typeList(Type* head, TypeList* tail);
