@@ -62,7 +62,8 @@ void checkOverrides(MethodDef* tree, ClassSymbol* c) {
     MethodSymbol* m = tree->method();
     if (c->members == nullptr) return;
     for (Symbol* entry = c->members->lookup(m->name); entry->scope != nullptr; entry = entry->nextEntry())
-        if (m->overrides(entry->sym)) checkOverride(tree->pos, m, static_cast<MethodSymbol*>(entry->sym));
+        if (entry->sym->owner != m->owner && m->overrides(entry->sym))
+            checkOverride(tree->pos, m, static_cast<MethodSymbol*>(entry->sym));
     for (ClassSymbol* i : c->interfaces) checkOverrides(tree, i);
 }
 
