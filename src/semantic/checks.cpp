@@ -1,7 +1,6 @@
 #include "semantic/checks.h"
 
 #include "driver/reporter.h"
-#include "runtime/failure.h"
 #include "semantic/attribution.h"
 #include "semantic/context.h"
 #include "semantic/scope.h"
@@ -15,15 +14,15 @@ namespace tarn::checks {
 
 namespace {
 
-/// How much is hidden: 0 for public up to 4 for private.
+/// How much is hidden: 0 for public up to 4 for private. Modifiers that exclude each other were reported; of those with
+/// `public` that one counts.
 int protectionRank(std::uint32_t flags) {
+    if ((flags & flag::PUBLIC) != 0) return 0;
     switch (flags & ACCESS_FLAGS) {
-    case flag::PUBLIC: return 0;
     case flag::PROTECTED: return 1;
     case 0: return 2;
     case flag::PRIVATE | flag::PROTECTED: return 3;
-    case flag::PRIVATE: return 4;
-    default: throw InternalError("protection");
+    default: return 4;
     }
 }
 

@@ -23,6 +23,8 @@ abstract final class Modifiers {
     //             ^ error 217: modifier transient not allowed here
     public protected void j() { }
     //                    ^ error 216: illegal combination of modifiers: public and protected
+    public private String toString() { return ""; }
+    //                    ^ error 216: illegal combination of modifiers: public and private
 }
 
 private class Private {
