@@ -108,8 +108,8 @@ std::vector<bool> Compiler::compile(std::span<const StoreRef> sources, StoreRef 
     }
     context().sourceClasses.clear();
     if (context().options.deprecationSeen) reportWarning(0, messages::deprecationNote);
-    std::vector<bool> results;
-    for (const CompileTask* task : batch) results.push_back(task->written);
+    std::vector<bool> results(sources.size());
+    for (std::size_t i = 0; i < batch.size(); i++) results[i] = batch[i]->written;
     return results;
 }
 

@@ -7,7 +7,7 @@ package quillon.compiler.loader;
  * descriptor, so a host implements them as they stand here.
  */
 public interface IEvaluatorContext {
-    /** The handle of a variable of the frame, or of an instance field of the object that this handle holds. */
+    /** The handle of a variable of the frame, or of an instance field of the object that this handle holds; of an array `length`. */
     IEvaluatorContext getField(String name);
 
     /** The handle of a static field; `className` is as `Class.forName` takes it. */
