@@ -33,6 +33,10 @@ Run run(const std::vector<std::string>& command) {
         wait4(child, &status, 0, &usage);
         result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
         result.peakKilobytes = usage.ru_maxrss;
+        auto milliseconds = [](const timeval& time) {
+            return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+        };
+        result.cpuMilliseconds = milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
     }
     std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
     result.milliseconds = elapsed.count();

@@ -9,6 +9,7 @@ namespace tarn::bench {
 struct Run {
     int status = -1;
     double milliseconds = 0;
+    double cpuMilliseconds = 0; ///< of processor time: what a busy machine does not change much
     long peakKilobytes = 0;
 };
 

@@ -242,9 +242,9 @@ const DefRecord* Maker::findDef(ClassNode& c, const Name* name, Definitions defs
     if (depth == DEEPEST) return nullptr;
     if (!c.impsCached) cacheImps(c);
     if (c.superclass != nullptr)
-        if (const DefRecord* def = findDef(graph_.classNode(c.superclass->name), name, defs, depth + 1)) return def;
+        if (const DefRecord* def = findDef(graph_.classNode(*c.superclass), name, defs, depth + 1)) return def;
     for (const ImportRecord* i : c.interfaces)
-        if (const DefRecord* def = findDef(graph_.classNode(i->name), name, defs, depth + 1)) return def;
+        if (const DefRecord* def = findDef(graph_.classNode(*i), name, defs, depth + 1)) return def;
     return nullptr;
 }
 
@@ -294,7 +294,7 @@ void Maker::cacheLooseRefs(ClassNode& c) {
 void Maker::cacheRefs(ClassNode& c) {
     cacheLooseRefs(c);
     for (ImportRecord* import : c.imps.nodes()) {
-        ClassNode& imported = graph_.classNode(import->name);
+        ClassNode& imported = graph_.classNode(*import);
         auto learn = [&](NodeTable<DefRecord>& refs, Definitions defs) {
             for (DefRecord* ref : refs.nodes()) {
                 if (isWide(ref)) continue;

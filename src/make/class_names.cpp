@@ -34,7 +34,8 @@ bool Maker::exists(const ClassNode& c) {
 /// wrong. Whether it was compiled.
 bool Maker::remakeForGoneImports(ClassNode& c) {
     auto isGone = [this](const ImportRecord* import) {
-        const ClassNode& imported = graph_.classNode(import->name);
+        const ClassNode& imported = graph_.classNode(*import);
+        if (imported.state >= stamp_ + progress::IN_HAND && imported.outer == nullptr) return false;
         const PackageNode& package = packageNode(imported.packageName, false);
         return !isUnchecked(package) && !package.library && !exists(imported);
     };
@@ -83,7 +84,7 @@ std::int32_t Maker::homonymsOf(const ClassNode& importer, const ImportRecord& im
                std::find(source.imports.begin(), source.imports.end(), place) != source.imports.end();
     };
     std::uint32_t found = 0;
-    const ClassNode& imported = graph_.classNode(import.name);
+    const ClassNode& imported = graph_.classNode(import);
     for (const ClassNode* c = &imported; c != nullptr; c = c->outer) {
         if (!c->hasHomonym) continue;
         for (const ClassNode* other = graph_.firstOfLastName(c->lastName); other; other = other->nextHomonym)

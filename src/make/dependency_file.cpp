@@ -249,38 +249,48 @@ void DependencyFiles::refs(const NodeTable<DefRecord>& table) {
     }
 }
 
-void DependencyFiles::room(std::size_t count) {
+/// Room for so many bytes more, which count as put.
+std::uint8_t* DependencyFiles::room(std::size_t count) {
     if (count > buffer_.size() - position_) buffer_.resize(std::max(buffer_.size() * 2, position_ + count));
+    std::uint8_t* at = buffer_.data() + position_;
+    position_ += count;
+    return at;
 }
 
+namespace {
+
+void put32(std::uint8_t* at, std::uint32_t value) {
+    for (int shift = 24; shift >= 0; shift -= 8) *at++ = static_cast<std::uint8_t>(value >> shift);
+}
+
+} // namespace
+
 void DependencyFiles::byte(int value) {
-    room(1);
-    buffer_[position_++] = static_cast<std::uint8_t>(value);
+    *room(1) = static_cast<std::uint8_t>(value);
 }
 
 void DependencyFiles::u16(std::size_t value) {
     require(value <= MOST, "count in dependency file");
-    byte(static_cast<int>(value >> 8));
-    byte(static_cast<int>(value & 0xFF));
+    std::uint8_t* at = room(2);
+    at[0] = static_cast<std::uint8_t>(value >> 8);
+    at[1] = static_cast<std::uint8_t>(value);
 }
 
 void DependencyFiles::u32(std::uint32_t value) {
-    u16(value >> 16);
-    u16(value & 0xFFFF);
+    put32(room(4), value);
 }
 
 void DependencyFiles::date(Date value) {
     auto bits = static_cast<std::uint64_t>(value);
-    u32(static_cast<std::uint32_t>(bits >> 32));
-    u32(static_cast<std::uint32_t>(bits));
+    std::uint8_t* at = room(8);
+    put32(at, static_cast<std::uint32_t>(bits >> 32));
+    put32(at + 4, static_cast<std::uint32_t>(bits));
 }
 
 void DependencyFiles::name(const Name* name) {
     std::size_t length = name == nullptr ? 0 : name->length;
     u16(length);
-    room(length);
-    if (length != 0) name->copyTo(buffer_.data() + position_);
-    position_ += length;
+    if (length != 0) name->copyTo(room(length));
 }
 
 void DependencyFiles::names(std::span<Name* const> names) {

@@ -121,7 +121,7 @@ private:
     void refs(const NodeTable<DefRecord>& table);
     void putSource(const SourceNode& source);
     void putClass(const ClassNode& c);
-    void room(std::size_t count);
+    std::uint8_t* room(std::size_t count);
 
     Graph& graph_;
     Bytes buffer_;

@@ -28,6 +28,11 @@ ClassNode& Graph::classNode(Name* flatName) {
     return node;
 }
 
+ClassNode& Graph::classNode(const ImportRecord& import) {
+    if (import.node == nullptr) import.node = &classNode(import.name);
+    return *import.node;
+}
+
 /// Tells the class around the new one of it, and the others of its last name.
 void Graph::link(ClassNode& node) {
     int dollar = node.simpleName->lastIndexOf('$');

@@ -62,13 +62,16 @@ struct DefRecord {
 /// last name of the import.
 constexpr char WIDE_REFERENCE = '.';
 
+struct ClassNode;
+
 /// What a class remembers of a class that it names: how that looked when the two were compared last.
 struct ImportRecord {
-    Name* name = nullptr;         ///< flat name of the imported class
-    Date date = 0;                ///< of its class file at the last check; 0 for never
-    std::int32_t fprint = 0;      ///< its fingerprint then
-    NodeTable<DefRecord> varrefs; ///< its fields that are used, as they were then
-    NodeTable<DefRecord> funrefs; ///< its methods that are used, as they were then
+    Name* name = nullptr;              ///< flat name of the imported class
+    Date date = 0;                     ///< of its class file at the last check; 0 for never
+    std::int32_t fprint = 0;           ///< its fingerprint then
+    NodeTable<DefRecord> varrefs;      ///< its fields that are used, as they were then
+    NodeTable<DefRecord> funrefs;      ///< its methods that are used, as they were then
+    mutable ClassNode* node = nullptr; ///< of the imported class, once it was asked for
 };
 
 /// A source file. One that was only read about in a dependency file has no path and stands in its package alone.
@@ -156,6 +159,8 @@ public:
 
     /// The node of that flat name, made if it is missing.
     ClassNode& classNode(Name* flatName);
+    /// The node of the imported class.
+    ClassNode& classNode(const ImportRecord& import);
     /// The node of that canonical path, made if it is missing.
     SourceNode& sourceNode(Name* path);
     /// A source of which only the simple name is known.

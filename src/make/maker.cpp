@@ -250,7 +250,7 @@ std::vector<Bytes> Maker::describeLibrary(const std::vector<std::string>& names,
     for (const PackageNode* package : packages) {
         for (const ClassNode* c : package->classes.nodes()) {
             for (ImportRecord* import : c->imps.nodes()) {
-                const ClassNode& imported = graph_.classNode(import->name);
+                const ClassNode& imported = graph_.classNode(*import);
                 import->date = imported.date;
                 import->fprint = imported.fprint;
             }

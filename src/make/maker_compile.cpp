@@ -158,7 +158,7 @@ bool Maker::learnWritten(ClassNode& c) {
     bool isWhole = true;
     for (std::uint32_t i = 0; i < c.imps.size(); i++) {
         ImportRecord& import = *c.imps[i];
-        ClassNode& imported = graph_.classNode(import.name);
+        ClassNode& imported = graph_.classNode(import);
         if (imported.store == NullStore::instance()) {
             isWhole = false;
             continue;

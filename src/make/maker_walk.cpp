@@ -207,7 +207,7 @@ void Maker::makeClass(ClassNode& c, PackageNode& package) {
 
 void Maker::makeImports(const ClassNode& c, const PackageNode& package) {
     for (std::uint32_t i = 0; i < c.imps.size(); i++) {
-        ClassNode& imported = graph_.classNode(c.imps[i]->name);
+        ClassNode& imported = graph_.classNode(*c.imps[i]);
         if (imported.state >= stamp_ + progress::IN_HAND) continue;
         PackageNode& home = packageNode(imported.packageName, false);
         if (&home != &package && makesAsAWhole(home))
@@ -220,7 +220,7 @@ void Maker::makeImports(const ClassNode& c, const PackageNode& package) {
 /// A class depends on all of its superclass and interfaces. Whether it was compiled.
 bool Maker::remakeForSupertypes(ClassNode& c) {
     auto hasChanged = [&](const ImportRecord& import) {
-        ClassNode& imported = graph_.classNode(import.name);
+        ClassNode& imported = graph_.classNode(import);
         if (isAsSeen(import, imported)) return false;
         if (!imported.defsCached) cacheDefs(imported);
         return import.fprint != imported.fprint || checkWideRefs(c, import, imported) != nullptr;
@@ -241,7 +241,7 @@ bool Maker::remakeForSupertypes(ClassNode& c) {
 bool Maker::remakeForReferences(ClassNode& c, PackageNode& package) {
     for (std::uint32_t i = 0; i < c.imps.size(); i++) {
         ImportRecord& import = *c.imps[i];
-        ClassNode& imported = graph_.classNode(import.name);
+        ClassNode& imported = graph_.classNode(import);
         if (import.date != 0 && isAsSeen(import, imported)) continue;
         if (!imported.defsCached) cacheDefs(imported);
         bool isSame = import.date != 0 && import.fprint == imported.fprint;

@@ -71,7 +71,7 @@ std::vector<ClassNode*> Maker::supertypesOf(ClassNode& c) {
     };
     auto add = [&](const ImportRecord* supertype) {
         if (supertype == nullptr || supertype->name == names().javaLangObject) return;
-        ClassNode* node = &graph_.classNode(supertype->name);
+        ClassNode* node = &graph_.classNode(*supertype);
         if (node != &c && isNew(node)) found.push_back(node);
     };
     for (std::size_t i = 0; i <= found.size(); i++) {
@@ -207,7 +207,7 @@ void dropSites(ImportRecord& import) {
 /// Fills the wide references of a class whose references were cached when it was compiled.
 void Maker::recordWideRefs(ClassNode& c) {
     for (ImportRecord* import : c.imps.nodes()) {
-        ClassNode& imported = graph_.classNode(import->name);
+        ClassNode& imported = graph_.classNode(*import);
         if (isOfLibrary(imported)) continue;
         auto learn = [&](NodeTable<DefRecord>& refs, Definitions defs) {
             for (DefRecord* ref : refs.nodes())
