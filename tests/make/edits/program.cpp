@@ -88,7 +88,7 @@ int Program::addClass(Random& random, const std::string& package, int outer) {
     if (outer >= 0) {
         added.file = classes_[outer].file;
         bool isInner = classes_[outer].outer >= 0 && !has(classes_[outer].modifiers, "static");
-        added.modifiers = isInner || random.oneIn(3) ? "" : oneOf(random, ACCESS) + "static ";
+        added.modifiers = isInner || random.oneIn(3) ? "" : random.oneIn(3) ? "static " : "public static ";
     } else {
         std::vector<int> shared;
         for (const Class& other : classes_)
