@@ -13,8 +13,8 @@ namespace codegen {
 
 /// `gen` of a boolean expression, as a condition.
 CondItem* genCondition(Tree* tree);
-/// `gen`, converted to that type and loaded, for ordinary code: what is on the stack then has that type for the verifier
-/// too.
+/// `gen`, converted to that type and loaded, for ordinary code: what is on the stack then has that type for the
+/// verifier too.
 void genLoadAs(Tree* tree, Type* type);
 /// The same where a value handle does as well; tells of the object that was loaded.
 Origin genLoadAny(Tree* tree, Type* type);

@@ -195,12 +195,9 @@ void runEncodings(const Corpus&, Random& random) {
     }
 }
 
-constexpr Target TARGETS[] = {{"sources", runSources},
-                              {"classes", runClassFiles},
-                              {"archives", runArchives},
-                              {"properties", runProperties},
-                              {"encodings", runEncodings},
-                              {"dependencies", runDependencies},
+constexpr Target TARGETS[] = {{"sources", runSources},        {"classes", runClassFiles},
+                              {"archives", runArchives},      {"properties", runProperties},
+                              {"encodings", runEncodings},    {"dependencies", runDependencies},
                               {"expressions", runExpressions}};
 
 } // namespace
