@@ -3,6 +3,8 @@
 #include "runtime/failure.h"
 #include "semantic/context.h"
 
+#include <utility>
+
 namespace tarn {
 
 namespace {
@@ -88,7 +90,8 @@ void Scope::enter(Symbol* symbol) {
     bucket = entry;
     elems = entry;
     if (entry->owner == nullptr) entry->owner = owner;
-    for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked) sub->inherit(head, entry);
+    for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked)
+        sub->inherit(entry->name->index & (BUCKETS - 1), head, entry);
 }
 
 void Scope::setOrder(std::span<Symbol* const> entries) {
@@ -113,18 +116,20 @@ void Scope::setNext(Scope* superScope) {
     for (unsigned i = 0; i < BUCKETS; ++i) {
         Symbol** link = &(*table)[i];
         while ((*link)->scope != nullptr) link = &(*link)->shadowed;
-        *link = (*superScope->table)[i];
+        Symbol* tail = std::exchange(*link, (*superScope->table)[i]);
+        if (link != &(*table)[i]) continue;
+        for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked) sub->inherit(i, tail, *link);
     }
 }
 
-void Scope::inherit(Symbol* oldHead, Symbol* newHead) {
-    Symbol** bucket = &(*table)[newHead->name->index & (BUCKETS - 1)];
+void Scope::inherit(unsigned at, Symbol* oldHead, Symbol* newHead) {
+    Symbol** bucket = &(*table)[at];
     Symbol** link = bucket;
     while ((*link)->scope == this) link = &(*link)->shadowed;
     if (*link != oldHead) return;
     *link = newHead;
     if (link != bucket) return;
-    for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked) sub->inherit(oldHead, newHead);
+    for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked) sub->inherit(at, oldHead, newHead);
 }
 
 } // namespace tarn

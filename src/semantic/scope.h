@@ -54,7 +54,7 @@ public:
     bool active = true;      ///< entered and not left
 
 private:
-    void inherit(Symbol* oldHead, Symbol* newHead);
+    void inherit(unsigned at, Symbol* oldHead, Symbol* newHead);
 
     Scope* firstLinked = nullptr; ///< the scopes whose buckets continue into this one's
     Scope* nextLinked = nullptr;
