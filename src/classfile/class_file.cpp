@@ -237,7 +237,6 @@ void ClassFile::completeClass(ClassSymbol* c) {
     if (!store) store = findFile(context().classPath, path_);
     if (!store) {
         if (findFile(context().classPath, path_.substr(0, stem) + ".java") == NullStore::instance()) return;
-        context().classes.erase(c->flatName);
         error("file " + path_ + " not found");
     }
     bool verbose = context().options.verbose;

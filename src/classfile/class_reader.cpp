@@ -107,7 +107,6 @@ void ClassReader::readOwnName(ClassSymbol* c) {
     std::uint32_t index = nextShort();
     Name* found = index == 0 ? nullptr : className(index);
     if (found == c->flatName) return;
-    context().classes.erase(c->flatName);
     fail("class file: " + c->flatName->toString() +
          " contains wrong class: " + (found == nullptr ? "null" : found->toString()));
 }
@@ -314,7 +313,9 @@ int ClassReader::tagOf(std::uint32_t index) const {
 /// The entry at the index, which must have that tag. Since every step of decoding names the tag that it wants, entries
 /// cannot lead in a circle.
 ClassReader::Slot& ClassReader::slot(std::uint32_t index, int tag) {
-    if (tagOf(index) != tag) bad();
+    int found = tagOf(index);
+    if (found == pooltag::UNICODE) fail("can't read unicode strings in class files");
+    if (found != tag) bad();
     return pool_[index];
 }
 
@@ -384,8 +385,8 @@ PoolEntry* ClassReader::decode(std::uint32_t index) {
     Slot& s = pool_[index];
     if (s.entry != nullptr) return s.entry;
     switch (tag) {
-    case pooltag::UTF8: return utf8(index);
-    case pooltag::UNICODE: fail("can't read unicode strings in class files");
+    case pooltag::UTF8:
+    case pooltag::UNICODE: return utf8(index); // which fails
     case pooltag::CLASS: return s.entry = decodeClass(index);
     case pooltag::FIELD:
     case pooltag::METHOD:

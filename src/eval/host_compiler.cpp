@@ -90,6 +90,7 @@ void HostCompiler::forgetEvaluation() {
 
 void HostCompiler::forget() {
     workspace_ = nullptr;
+    infoWorkspace_ = nullptr;
     forgetEvaluation();
 }
 
@@ -122,6 +123,7 @@ std::vector<bool> HostCompiler::compile(std::span<const StoreRef> sources, const
                                         Reporter* reporter) {
     std::unique_ptr<Workspace> fresh = makeWorkspace();
     workspace_ = nullptr; // what it has read may be out of date afterwards
+    infoWorkspace_ = nullptr;
     ScopedWorkspace current(*fresh);
     return fresh->compiler.compile(sources, outputDirectory, reporter);
 }
@@ -137,6 +139,7 @@ void HostCompiler::parseWith(const StoreRef& source, TreeFactory& factory, Repor
 }
 
 Symbol* HostCompiler::symbolAt(const StoreRef& source, int position) {
+    infoWorkspace_ = nullptr;
     workspace_ = makeWorkspace();
     ScopedWorkspace current(*workspace_);
     silentReporter_ = SilentReporter();
@@ -144,14 +147,17 @@ Symbol* HostCompiler::symbolAt(const StoreRef& source, int position) {
     return eval::find(workspace_->compiler.attribute(source), position);
 }
 
+/// Classes that another operation has read, or compiled, have no pool any more, so these have a workspace of their own.
 ClassSymbol* HostCompiler::classInfo(std::string_view className) {
-    if (workspace_ == nullptr) workspace_ = makeWorkspace();
-    ScopedWorkspace current(*workspace_);
-    Context& context = workspace_->context;
-    ClassSymbol*& info = workspace_->infos[Name::fromString(className)];
-    if (info != nullptr) return info;
-    ScopedFlag keepsPool(context.options.keepPool);
-    return info = context.classReader->load(Name::fromString(className))->clone();
+    if (infoWorkspace_ == nullptr) {
+        infoWorkspace_ = makeWorkspace();
+        infoWorkspace_->context.options.keepPool = true;
+    }
+    ScopedWorkspace current(*infoWorkspace_);
+    Name* name = Name::fromString(className);
+    ClassSymbol*& info = infoWorkspace_->infos[name];
+    if (info == nullptr) info = infoWorkspace_->context.classReader->load(name)->clone();
+    return info;
 }
 
 // ---- evaluation

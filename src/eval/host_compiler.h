@@ -46,7 +46,7 @@ public:
     /// Parses one source with any factory; makes `reporter` current.
     void parseWith(const StoreRef& source, TreeFactory& factory, Reporter* reporter);
     /// The symbol whose name stands at a position (`line << 10 | column`, both from 1) of the source; null if there is
-    /// none. Reports nothing. Valid until the next `symbolAt`, `classInfo` or `compile`.
+    /// none. Reports nothing. Valid until the next `symbolAt` or `compile`.
     Symbol* symbolAt(const StoreRef& source, int position);
     /// A lean copy of the class of that flat name ("java.util.Hashtable") with the constant pool of its file. Valid
     /// until the next `symbolAt` or `compile`. Throws IoFailure if the class can't be read.
@@ -95,11 +95,12 @@ private:
     EvalReporter evalReporter_;
     SilentReporter silentReporter_;
 
-    std::unique_ptr<Workspace> workspace_;  ///< of the last operation but `evaluate`; null before and once out of date
-    std::unique_ptr<Workspace> evaluation_; ///< has the source that was last evaluated in; null before
-    StoreRef evalSource_;                   ///< that source, once it was attributed without an error; else null
-    Date evalDate_ = NO_DATE;               ///< its date when it was read
-    CompilationUnit* evalUnit_ = nullptr;   ///< its trees
+    std::unique_ptr<Workspace> workspace_; ///< of the last `symbolAt` or `parseWith`; null before and once out of date
+    std::unique_ptr<Workspace> infoWorkspace_; ///< of `classInfo`; likewise
+    std::unique_ptr<Workspace> evaluation_;    ///< has the source that was last evaluated in; null before
+    StoreRef evalSource_;                      ///< that source, once it was attributed without an error; else null
+    Date evalDate_ = NO_DATE;                  ///< its date when it was read
+    CompilationUnit* evalUnit_ = nullptr;      ///< its trees
 };
 
 } // namespace tarn

@@ -321,10 +321,14 @@ TEST_F(ReaderTest, RefusesPoolEntriesThatReferToTheWrongKind) {
         put(row.name, c);
         EXPECT_EQ(failure(row.name), "bad class file") << row.name;
     }
-    ClassBytes c("U", "java/lang/Object");
-    c.raw(Assembled().u1(2).u2(2).u2('x'));
-    put("U", c);
-    EXPECT_EQ(failure("U"), "can't read unicode strings in class files");
+    for (bool isUsed : {false, true}) {
+        here.options.keepPool = !isUsed;
+        ClassBytes c("U", "java/lang/Object");
+        std::uint32_t unicode = c.raw(Assembled().u1(2).u2(2).u2('x'));
+        if (isUsed) c.superClass = c.raw(Assembled().u1(7).u2(unicode));
+        put("U", c);
+        EXPECT_EQ(failure("U"), "can't read unicode strings in class files");
+    }
 }
 
 // ---- hostile files

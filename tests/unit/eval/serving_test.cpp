@@ -122,6 +122,8 @@ TEST_F(EvalServingTest, OperationsDoNotDisturbEachOther) {
     EXPECT_EQ(info->toString(), "class p.Other");
     EXPECT_NE(info->pool, nullptr);
     EXPECT_EQ(host.classInfo("p.Other"), info);
+    EXPECT_NE(host.symbolAt(source, (5 << 10) + 9), nullptr);
+    EXPECT_NE(host.classInfo("java.lang.String")->pool, nullptr) << "also of a class that an operation has read";
     EXPECT_THROW(host.classInfo("p.None"), IoFailure);
     expectServed();
 
