@@ -4,8 +4,6 @@
 #include "semantic/symbol.h"
 #include "semantic/type.h"
 
-#include <utility>
-
 namespace tarn {
 
 namespace {
@@ -24,8 +22,6 @@ ConstantPool::ConstantPool() {
     entries.reserve(FIRST_CAPACITY);
     entries.push_back(nullptr);
 }
-
-ConstantPool::ConstantPool(std::vector<PoolEntry*> entries_) : entries(std::move(entries_)) {}
 
 int ConstantPool::add(PoolEntry* entry) {
     entry->poolIndex = count();

@@ -29,7 +29,6 @@ public:
 class ConstantPool {
 public:
     ConstantPool();
-    explicit ConstantPool(std::vector<PoolEntry*> entries_);
 
     /// The index of the entry, which is added if this pool has it not. A long or double takes a second slot, which is
     /// null.

@@ -10,7 +10,7 @@ enum class EntryKind : std::uint8_t { NAME, TYPE, SYMBOL, NAME_AND_TYPE };
 /// Base of what can stand in a constant pool: names, types, symbols, and pairs of name and type.
 ///
 /// While a class is written the one field says which slot of its pool the object has, so that a pool needs no table to
-/// find it again. It is 0 if the object has none, and goes back to 0 when that pool is done.
+/// find it again. It is 0 at first; what an earlier pool left there does no harm, since a pool looks at its slot.
 class PoolEntry {
 public:
     virtual ~PoolEntry() = default;
