@@ -6,6 +6,8 @@
 #include "semantic/scope.h"
 
 #include <bit>
+#include <cmath>
+#include <limits>
 #include <string>
 
 namespace tarn {
@@ -252,12 +254,17 @@ LongConstant* Universe::longConstant(int tag, std::int64_t value) {
     return intern<LongConstant>(*this, constantTypes_[hash], tag, value, hash, sameInteger);
 }
 
+// The language has one NaN. Which of its many patterns an operation gives depends on the processor, and must show
+// neither in class files nor in fingerprints.
+
 FloatConstant* Universe::floatConstant(int tag, float value) {
+    if (std::isnan(value)) value = std::numeric_limits<float>::quiet_NaN();
     std::uint32_t hash = (std::bit_cast<std::uint32_t>(value) * 41 + static_cast<std::uint32_t>(tag)) & 0x3ff;
     return intern<FloatConstant>(*this, constantTypes_[hash], tag, value, hash, sameFloat);
 }
 
 DoubleConstant* Universe::doubleConstant(int tag, double value) {
+    if (std::isnan(value)) value = std::numeric_limits<double>::quiet_NaN();
     auto bits = std::bit_cast<std::uint64_t>(value);
     std::uint32_t hash = (static_cast<std::uint32_t>(bits >> 32) * 1681 + static_cast<std::uint32_t>(bits) * 41 +
                           static_cast<std::uint32_t>(tag)) &

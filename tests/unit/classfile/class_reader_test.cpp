@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+
 namespace tarn {
 namespace {
 
@@ -81,6 +83,8 @@ TEST_F(ReaderTest, MakesConstantsOfFinalFields) {
     c.field(0x18, "f", "F", constant(c.floating(0x40490FDB)));
     c.field(0x18, "d", "D", constant(c.doubleFloating(0xBFF80000, 0)));
     c.field(0x18, "t", "Ljava/lang/String;", constant(c.string("h\xC3\xA9")));
+    c.field(0x18, "fNaN", "F", constant(c.floating(0xFFC00001)));
+    c.field(0x18, "dNaN", "D", constant(c.doubleFloating(0xFFF80000, 1)));
     c.field(0x8, "variable", "I", constant(c.integer(5)));
     put("C", c);
 
@@ -97,6 +101,8 @@ TEST_F(ReaderTest, MakesConstantsOfFinalFields) {
     EXPECT_EQ(value("t")->stringValue(), Name::fromBytes("h\xC3\xA9"));
     EXPECT_EQ(member(read, "t")->type->tag, typetag::CLASS);
     EXPECT_EQ(member(read, "variable")->type, here.intType);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(value("fNaN")->floatValue()), 0x7FC00000U) << "there is only one NaN";
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(value("dNaN")->doubleValue()), 0x7FF8000000000000U);
 }
 
 TEST_F(ReaderTest, RefusesAConstantOfAnotherType) {
