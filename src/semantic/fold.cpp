@@ -168,6 +168,7 @@ Type* foldFloat(float a, float b, int opcode, Type* result) {
     case FSUB: return context().floatConstant(result->tag, a - b);
     case FMUL: return context().floatConstant(result->tag, a * b);
     case FDIV: return context().floatConstant(result->tag, a / b);
+    case FREM: return context().floatConstant(result->tag, std::fmod(a, b));
     case FCMPL: return context().intConstant(INT, compare(a, b, -1));
     default: return context().intConstant(INT, compare(a, b, 1));
     }
@@ -179,6 +180,7 @@ Type* foldDouble(double a, double b, int opcode, Type* result) {
     case DSUB: return context().doubleConstant(result->tag, a - b);
     case DMUL: return context().doubleConstant(result->tag, a * b);
     case DDIV: return context().doubleConstant(result->tag, a / b);
+    case DREM: return context().doubleConstant(result->tag, std::fmod(a, b));
     case DCMPL: return context().intConstant(INT, compare(a, b, -1));
     default: return context().intConstant(INT, compare(a, b, 1));
     }
@@ -242,12 +244,14 @@ Type* fold2(int pos, Type* left, Type* right, int opcode, Type* result) {
     case FSUB:
     case FMUL:
     case FDIV:
+    case FREM:
     case FCMPL:
     case FCMPG: return foldFloat(a->floatValue(), b->floatValue(), opcode, result);
     case DADD:
     case DSUB:
     case DMUL:
     case DDIV:
+    case DREM:
     case DCMPL:
     case DCMPG: return foldDouble(a->doubleValue(), b->doubleValue(), opcode, result);
     case IF_ACMPEQ: return makeBoolean(a->equals(b));

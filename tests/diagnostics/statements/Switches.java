@@ -12,7 +12,7 @@ class Switches {
         case x: ;
         //   ^ error 409: constant expression required
         case (int) D: ;
-        //   ^ error 409: constant expression required
+        //   ^ error 407: duplicate case label
         case 2L: ;
         //   ^ error 355: possible loss of precision: long, required: int
         case "2": ;

@@ -117,6 +117,9 @@ public class Main {
         check("5.5 % 2", 5.5 % 2, 5.5 * one % 2);
         check("-5.5 % 2", -5.5 % 2, -5.5 * one % 2);
         check("5.5f % -2f", 5.5f % -2f, 5.5f * fone % -2f);
+        check("-4.0 % 2", -4.0 % 2, -4.0 * one % 2);
+        check("5.5 % 0", 5.5 % 0, 5.5 * one % 0);
+        check("5.5f % (1 / 0f)", 5.5f % (1 / 0f), 5.5f * fone % (1 / fzero));
         check("9007199254740993L * 1.0", 9007199254740993L * 1.0, 9007199254740993L * one);
         check("1e-320 / 10", 1e-320 / 10, 1e-320 * one / 10);
         check("Float.MAX_VALUE * 2", Float.MAX_VALUE * 2, Float.MAX_VALUE * (2 * fone));
@@ -142,6 +145,15 @@ public class Main {
         System.out.println(bits(INF) + " " + bits(-INF) + " " + bits(NAN) + " " + bits(Float.NEGATIVE_INFINITY) + " " + bits(Float.NaN));
         System.out.println(1.0 + " " + 2f + " " + 0.5 + " " + 100.25f + " " + 1e10 + " " + 1.0E7 + " " + 123456.0 + " " + -0.0 + " " + 1e-5f + " " + NAN + " " + INF + " " + -INF);
         System.out.println(1f + 1 + "" + 0f + 1e7f + 1e6 + 0.001 + 1e-4);
+        System.out.println(remainder(3) + " " + remainder(-3) + " " + remainder(0));
+    }
+
+    static String remainder(int i) {
+        switch (i) {
+        case (int) (7.5 % 4.0): return "3.5";
+        case (int) (-7.5f % 4f): return "-3.5";
+        default: return "neither";
+        }
     }
 
     static double sum(double[] v) {
