@@ -84,6 +84,8 @@ public:
     /// The file of the class, which is up to date, or the NullStore if it is being compiled. May compile it. Throws
     /// ClassNotFound.
     StoreRef classStore(Name* flatName);
+    /// The same for the running compile, which takes the class along if it has fallen behind its supertypes.
+    StoreRef storeForCompile(Name* flatName);
     /// A class file was written.
     void outClassNotify(const StoreRef& out, ClassSymbol* symbol, const StoreRef& source);
     /// A class that was compiled has a lean copy.
@@ -127,6 +129,7 @@ private:
     void makeClass(ClassNode& c, PackageNode& package);
     void makeImports(const ClassNode& c, const PackageNode& package);
     bool remakeForSupertypes(ClassNode& c);
+    bool remakeUndecided(ClassNode& c);
     bool remakeForReferences(ClassNode& c, PackageNode& package);
     void warnOfMissingSource(const ClassNode& c, PackageNode& package);
     bool classChanged(ClassNode& c, PackageNode& package);

@@ -50,7 +50,7 @@ void MakerClassFile::completeClass(ClassSymbol* c) {
     StoreRef store;
     {
         ScopedSpeech speech;
-        store = maker_.classStore(c->flatName);
+        store = maker_.storeForCompile(c->flatName);
     }
     if (store == NullStore::instance()) return;
     readFile(*store);

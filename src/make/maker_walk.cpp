@@ -10,6 +10,8 @@
 #include "runtime/failure.h"
 #include "store/null_store.h"
 
+#include <algorithm>
+
 namespace tarn {
 
 namespace {
@@ -142,6 +144,15 @@ StoreRef Maker::classStore(Name* flatName) {
     return classStore(c, package);
 }
 
+StoreRef Maker::storeForCompile(Name* flatName) {
+    ClassNode& c = graph_.classNode(flatName);
+    PackageNode& package = packageNode(c.packageName, false);
+    classChanged(c, package);
+    bool isAtHand = c.recompileReason == reason::NONE && c.store && !isInTheAir(c) && !isUnchecked(package);
+    if (isAtHand && remakeUndecided(c)) return NullStore::instance();
+    return classStore(c, package);
+}
+
 StoreRef Maker::classStore(ClassNode& c, PackageNode& package) {
     if (isInTheAir(c)) return c.store;
     if (c.recompileReason == reason::NONE) {
@@ -235,6 +246,33 @@ bool Maker::remakeForSupertypes(ClassNode& c) {
         return true;
     }
     return false;
+}
+
+/// A compile may need a class before the walk has decided about it. The class's file can hold methods of interfaces
+/// that have them no more, so the compile takes it along if a supertype that is settled is another one than it has
+/// seen. Whether it does.
+bool Maker::remakeUndecided(ClassNode& c) {
+    bool isUndecided = compiling_ && c.state >= stamp_ && c.state <= stamp_ + progress::IN_HAND;
+    if (!isUndecided || c.source == nullptr || c.sourceName == nullptr || !c.impsCached) return false;
+    auto hasChanged = [&](const ImportRecord* import) {
+        ClassNode& supertype = graph_.classNode(*import);
+        if (import->date == 0 || isOfLibrary(supertype)) return false;
+        classChanged(supertype, packageNode(supertype.packageName, false));
+        bool isSettled = supertype.store && !isInTheAir(supertype) && supertype.recompileReason == reason::NONE;
+        if (!isSettled || import->date == supertype.date) return false;
+        if (!supertype.defsCached) cacheDefs(supertype);
+        return import->fprint != supertype.fprint;
+    };
+    const ImportRecord* changed = c.superclass;
+    int why = reason::SUPERCLASS;
+    if (changed == nullptr || !hasChanged(changed)) {
+        auto found = std::find_if(c.interfaces.begin(), c.interfaces.end(), hasChanged);
+        if (found == c.interfaces.end()) return false;
+        changed = *found;
+        why = reason::INTERFACE;
+    }
+    compileClass(c, why, changed);
+    return true;
 }
 
 /// Compares what the class uses with what its imports offer now. Whether it was compiled.
