@@ -22,6 +22,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <unordered_set>
+#include <vector>
 
 namespace tarn {
 
@@ -234,17 +236,22 @@ void Maker::cacheImps(ClassNode& c) {
     dropSymbol(c);
 }
 
-/// The record of that name in the class, or in the first of its supertypes that has one; null if none has.
-const DefRecord* Maker::findDef(ClassNode& c, const Name* name, Definitions defs, int depth) {
-    constexpr int DEEPEST = 256; // of a hierarchy; class files can have any
-    if (!c.defsCached) cacheDefs(c);
-    if (const DefRecord* own = (c.*defs).find(name)) return own;
-    if (depth == DEEPEST) return nullptr;
-    if (!c.impsCached) cacheImps(c);
-    if (c.superclass != nullptr)
-        if (const DefRecord* def = findDef(graph_.classNode(*c.superclass), name, defs, depth + 1)) return def;
-    for (const ImportRecord* i : c.interfaces)
-        if (const DefRecord* def = findDef(graph_.classNode(*i), name, defs, depth + 1)) return def;
+/// The record of that name in the class, or in the first of its supertypes that has one; null if none has. Class files
+/// may have supertypes in circles, and each of them many times.
+const DefRecord* Maker::findDef(ClassNode& c, const Name* name, Definitions defs) {
+    std::vector<ClassNode*> open{&c};
+    std::unordered_set<const ClassNode*> seen;
+    while (!open.empty()) {
+        ClassNode& next = *open.back();
+        open.pop_back();
+        if (!next.defsCached) cacheDefs(next);
+        if (const DefRecord* own = (next.*defs).find(name)) return own;
+        if (!seen.insert(&next).second) continue;
+        if (!next.impsCached) cacheImps(next);
+        for (auto i = next.interfaces.rbegin(); i != next.interfaces.rend(); ++i)
+            open.push_back(&graph_.classNode(**i));
+        if (next.superclass != nullptr) open.push_back(&graph_.classNode(*next.superclass));
+    }
     return nullptr;
 }
 

@@ -270,7 +270,7 @@ void DependencyFiles::byte(int value) {
 }
 
 void DependencyFiles::u16(std::size_t value) {
-    require(value <= MOST, "count in dependency file");
+    if (value > MOST) throw IoFailure("too many entries, or a name that is too long");
     std::uint8_t* at = room(2);
     at[0] = static_cast<std::uint8_t>(value >> 8);
     at[1] = static_cast<std::uint8_t>(value);

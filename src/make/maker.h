@@ -155,7 +155,7 @@ private:
     void visitUses(const ClassNode& c, ReferenceVisitor& visitor);
     const DefRecord* strictCheckRefs(const ImportRecord& import, ClassNode& imported);
     const DefRecord* looseCheckRefs(ClassNode& c, const ImportRecord& import, ClassNode& imported);
-    const DefRecord* findDef(ClassNode& c, const Name* name, Definitions defs, int depth = 0);
+    const DefRecord* findDef(ClassNode& c, const Name* name, Definitions defs);
     void learnFingerprint(ClassNode& c);
     ClassSymbol* loadClass(ClassNode& c, bool withPool);
     void dropSymbol(ClassNode& c);

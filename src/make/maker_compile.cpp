@@ -123,15 +123,14 @@ void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* c
         uses_.erase(c->symbol->sourcePath);
     }
     for (const NameUse& use : context_.uses.take()) uses_[use.by].push_back(use);
-    if (reporter_->errorCount() == 0)
-        for (const ClassNode* c : expected)
-            if (c->store == NullStore::instance()) failUnexpected(*c);
     while (!written.empty()) {
         ClassNode* c = written.back();
         written.pop_back();
         updateClass(*c);
     }
     if (reporter_->errorCount() != 0) throw MakeAbort{};
+    for (const ClassNode* c : expected)
+        if (c->store == NullStore::instance()) failUnexpected(*c);
 }
 
 /// Records the state of a class that is up to date. One that was written in this pass learns what it imports and uses
