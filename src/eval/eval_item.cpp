@@ -296,7 +296,10 @@ Item* choice(int pos, const Type* type, Origin a, Origin b) {
     if (b == Origin::NONE) b = a;
     bool ordinary = a == b && (a == Origin::ORDINARY || a == Origin::NONE);
     if (ordinary || typeCode(type) != typecode::OBJECT) return items::stackItem();
-    return loadedObject(pos, a == b ? a : Origin::EITHER);
+    if (a == b) return loadedObject(pos, a);
+    if (type != context().stringType) return loadedObject(pos, Origin::EITHER);
+    emitter().emitop2(op::CHECKCAST, emitter().poolClass(context().stringType)); // a String passes, from either side
+    return items::stackItem();
 }
 
 void castLoaded(const Item& item, Type* type) {

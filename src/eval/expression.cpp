@@ -101,6 +101,9 @@ bool isIdentifier(std::string_view text) {
 } // namespace
 
 bool isLegal(const ClassName& name) {
+    // What the class itself is made of.
+    for (std::string_view taken : {"EvalSupport", "IEvaluatorContext", "IExpression", "Object"})
+        if (name.className == taken) return false;
     return isIdentifier(name.className) && std::ranges::all_of(name.prefix | std::views::split('.'), [](auto part) {
                return isIdentifier(std::string_view(part.begin(), part.end()));
            });

@@ -149,7 +149,8 @@ TEST_F(EvalServingTest, NamesOfTheClassAreHeldToTheLanguage) {
     auto evaluateAs = [&](std::string_view prefix, std::string_view name) {
         return host.evaluate(prefix, name, *file, STOP, source, "f").value_or("");
     };
-    for (const char* name : {"", "a b", "1", "a.b", "class", "a/b", "a;", "\xff", "a\\u0041"})
+    for (const char* name : {"", "a b", "1", "a.b", "class", "a/b", "a;", "\xff", "a\\u0041", "Object", "EvalSupport",
+                             "IExpression", "IEvaluatorContext"})
         EXPECT_NE(evaluateAs("quillon.compiler.loader", name), "") << name;
     for (const char* prefix : {"", ".", "a..b", "no.such.place"}) EXPECT_NE(evaluateAs(prefix, "Good"), "") << prefix;
     EXPECT_EQ(evaluateAs("quillon.compiler.loader", "Good$1"), "");
