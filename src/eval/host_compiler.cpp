@@ -5,6 +5,7 @@
 #include "eval/tree_search.h"
 #include "make/compiler.h"
 #include "runtime/failure.h"
+#include "runtime/scoped_flag.h"
 #include "semantic/context.h"
 #include "semantic/entry.h"
 #include "store/directory_store.h"
@@ -42,21 +43,6 @@ public:
 private:
     Context* previous_;
 };
-
-namespace {
-
-class ScopedFlag {
-public:
-    explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
-    ~ScopedFlag() { flag_ = false; }
-    ScopedFlag(const ScopedFlag&) = delete;
-    ScopedFlag& operator=(const ScopedFlag&) = delete;
-
-private:
-    bool& flag_;
-};
-
-} // namespace
 
 HostCompiler::HostCompiler()
     : outputDirectory_(std::make_shared<DirectoryStore>(".")), encoding_(resolveEncoding("default")) {

@@ -6,6 +6,7 @@
 #include "make/maker.h"
 #include "make/maker_class_file.h"
 #include "runtime/failure.h"
+#include "runtime/scoped_flag.h"
 #include "store/directory_store.h"
 #include "store/null_store.h"
 
@@ -90,17 +91,6 @@ public:
 private:
     List*& current_;
     List* previous_;
-};
-
-class ScopedFlag {
-public:
-    explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
-    ~ScopedFlag() { flag_ = false; }
-    ScopedFlag(const ScopedFlag&) = delete;
-    ScopedFlag& operator=(const ScopedFlag&) = delete;
-
-private:
-    bool& flag_;
 };
 
 } // namespace
