@@ -129,10 +129,12 @@ struct PackageNode {
     int state = 0;                 ///< the pass in which it was made, as the stamp and IN_HAND
     int scanned = 0;               ///< when its directories were scanned last, as the make's first stamp
     int listed = 0;                ///< when its classes were handed to the compiler last, likewise
+    int closed = 0;                ///< the pass whose walk closed it last, as the stamp
     bool stable = false;           ///< all its classes are taken to be up to date
     bool keepImps = false;         ///< the imports of its classes were read
     bool keepRefs = false;         ///< the references of its classes were read
     bool fresh = false;            ///< no dependency file was read
+    bool found = false;            ///< the last scan came upon a directory of it
     bool root = false;             ///< named on the command line
     bool warnedMissing = false;    ///< the warning of missing sources was given
     bool library = false;          ///< stable, in an archive, without sources: nothing of it is ever made

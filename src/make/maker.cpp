@@ -187,7 +187,7 @@ void Maker::closeNodes() {
 /// A pass that wrote a class file and did not end by itself may have left importers behind, so nothing is stable after
 /// it.
 void Maker::closePackage(PackageNode& package) {
-    if (writtenInPass_) return;
+    if (writtenInPass_ || package.classes.empty()) return;
     for (const ClassNode* c : package.classes.nodes())
         if (c->state < stamp_ + progress::DONE) return;
     package.stable = true;

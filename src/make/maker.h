@@ -77,7 +77,7 @@ public:
 
     /// Whether the classes of the package are to be listed again.
     bool classListChanged(Name* packageName);
-    /// The simple names of the classes of the package; `found` tells whether it has any.
+    /// The simple names of the classes of the package; `found` tells whether there is such a package.
     std::vector<Name*> listClasses(Name* packageName, bool& found);
     /// Whether a class that was read is to be read again. Looks once per pass.
     bool classChanged(Name* flatName);
@@ -143,6 +143,7 @@ private:
                           const DefRecord* member = nullptr);
     std::string reasonText(const ClassNode& c, int reason, const ImportRecord* import, const DefRecord* member) const;
     [[noreturn]] void failUnexpected(const ClassNode& c);
+    void reopenPackages();
     void compileBatch(const std::vector<StoreRef>& sources, std::span<Name* const> defs);
     void updateClass(ClassNode& c);
     bool learnWritten(ClassNode& c);

@@ -95,11 +95,18 @@ private:
 
 } // namespace
 
+/// What is going to be compiled may be imported by packages that this pass has closed already.
+void Maker::reopenPackages() {
+    for (PackageNode* package : graph_.packages.nodes())
+        if (package->closed == stamp_) package->stable = false;
+}
+
 /// `defs` are the classes in the sources, as far as they are known.
 void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* const> defs) {
     std::vector<ClassNode*> written;
     std::vector<ClassNode*> expected;
     compiledInPass_ = true;
+    reopenPackages();
     {
         ScopedList writtenHere(compiled_, written);
         ScopedList expectedHere(expected_, expected);

@@ -240,11 +240,11 @@ std::vector<PackageDirectory> listPackage(const PathList& path, const Name* pack
 
 } // namespace
 
-/// Brings the package's sources and classes in line with its directories; whether it has any class. Sources come first,
-/// so that a class that exists both ways has both.
+/// Brings the package's sources and classes in line with its directories; whether there is such a package, if only an
+/// empty directory of it. Sources come first, so that a class that exists both ways has both.
 bool Maker::scanPackage(PackageNode& package) {
     if (isUnchecked(package)) return true;
-    if (package.scanned >= base_) return !package.classes.empty();
+    if (package.scanned >= base_) return package.found || !package.classes.empty();
     package.scanned = base_;
     bool isUnnamed = package.name == graph_.unnamedPackage;
     std::vector<PackageDirectory> directories = listPackage(sourcePath_, package.name, isUnnamed);
@@ -252,7 +252,9 @@ bool Maker::scanPackage(PackageNode& package) {
         for (const std::string& name : *directory.names)
             if (name.ends_with(".java"))
                 if (StoreRef file = directory.store->file(name)) validateSource(file, &package, false);
+    package.found = !directories.empty();
     if (sourcePath_ != classPath_) directories = listPackage(classPath_, package.name, isUnnamed);
+    package.found = package.found || !directories.empty();
     constexpr std::string_view extension = ".class";
     std::string flatName = isUnnamed ? std::string() : package.name->toUtf() + ".";
     std::size_t prefix = flatName.size();
@@ -266,7 +268,7 @@ bool Maker::scanPackage(PackageNode& package) {
         }
     }
     forgetUnseen(package);
-    return !package.classes.empty();
+    return package.found || !package.classes.empty();
 }
 
 void Maker::forgetUnseen(PackageNode& package) {

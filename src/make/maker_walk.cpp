@@ -58,6 +58,9 @@ void Maker::makePackage(PackageNode& package) {
     for (std::uint32_t i = 0; i < package.sources.size(); i++) makeSourceRefs(*package.sources[i]);
     for (std::uint32_t i = 0; i < package.sources.size(); i++) makeSourceDefs(*package.sources[i]);
     for (std::uint32_t i = 0; i < package.classes.size(); i++) makeClass(*package.classes[i], package);
+    if (package.stable || compiledInPass_) return;
+    closePackage(package);
+    package.closed = stamp_;
 }
 
 // ---- a class against the files

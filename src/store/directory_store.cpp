@@ -161,14 +161,25 @@ void DirectoryStore::write(std::span<const std::uint8_t> contents) {
     failWithErrno();
 }
 
+namespace {
+
+/// Whether a file can be read there. Most file systems say so in the listing itself; links are followed.
+bool isRegularFile(DIR* directory, const dirent& entry) {
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type == DT_REG;
+    struct stat status;
+    return ::fstatat(::dirfd(directory), entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
+
 std::optional<std::vector<std::string>> DirectoryStore::list() {
     if (in_ >= 0 || out_ >= 0) throw IoFailure("not a directory");
     DIR* directory = ::opendir(PlatformPath(path_).get());
     if (directory == nullptr) return std::nullopt;
     std::vector<std::string> names;
-    while (const dirent* entry = ::readdir(directory)) names.emplace_back(entry->d_name);
+    while (const dirent* entry = ::readdir(directory))
+        if (isRegularFile(directory, *entry)) names.emplace_back(entry->d_name);
     ::closedir(directory);
-    if (names.empty()) return std::nullopt;
     // Few file systems keep an order of their own, and a make should go the same way on all of them.
     std::sort(names.begin(), names.end());
     return names;

@@ -39,7 +39,8 @@ public:
     std::size_t readInto(std::span<std::uint8_t> buffer) override;
     void write(std::span<const std::uint8_t> contents) override;
 
-    /// In the order of the names' bytes, "." and ".." included.
+    /// The regular files, in the order of their names' bytes: a directory or a link to nothing has no contents to
+    /// offer, whatever its name.
     std::optional<std::vector<std::string>> list() override;
     StoreRef lookup(std::string_view name) override;
     StoreRef file(std::string_view name) override;

@@ -59,7 +59,7 @@ public:
     /// Replaces the contents, all at once.
     virtual void write(std::span<const std::uint8_t> contents) = 0;
 
-    /// Names of the directory's entries; absent if there are none or it cannot be listed.
+    /// Names of the files in the directory; absent if it cannot be listed.
     virtual std::optional<std::vector<std::string>> list() = 0;
     /// The entry `name` (which may hold separators), or null if nothing is there.
     virtual StoreRef lookup(std::string_view name) = 0;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/resource.h>
@@ -157,11 +158,15 @@ TEST(DirectoryStore, MakeDirectoryMakesOneLevel) {
     EXPECT_FALSE(store.makeDirectory("b/c")->isDirectory());
 }
 
-TEST(DirectoryStore, ListsNamesInOrder) {
+TEST(DirectoryStore, ListsFilesInOrder) {
     ScratchDirectory directory;
     for (const char* name : {"b.java", "C.class", "a.java"}) directory.put(name, "");
-    EXPECT_EQ((std::vector<std::string>{".", "..", "C.class", "a.java", "b.java"}),
-              DirectoryStore(directory.path()).list());
+    DirectoryStore store(directory.path());
+    store.makeDirectory("D.class");
+    std::filesystem::create_symlink("nowhere", directory / "E.class");
+    std::filesystem::create_symlink("a.java", directory / "F.class");
+    EXPECT_EQ((std::vector<std::string>{"C.class", "F.class", "a.java", "b.java"}), store.list());
+    EXPECT_EQ(std::vector<std::string>(), DirectoryStore(directory / "D.class").list());
     EXPECT_EQ(std::nullopt, DirectoryStore(directory / "none").list());
     EXPECT_EQ(std::nullopt, DirectoryStore(directory / "a.java").list());
 }
