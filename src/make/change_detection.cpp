@@ -232,7 +232,7 @@ void Maker::cacheImps(ClassNode& c) {
             interfaces.push_back(import);
     }
     c.interfaces = graph_.arena.copyArray<ImportRecord*>(interfaces);
-    c.impsCached = true;
+    c.impsCached = c.supersCached = true;
     dropSymbol(c);
 }
 
@@ -247,7 +247,7 @@ const DefRecord* Maker::findDef(ClassNode& c, const Name* name, Definitions defs
         if (!next.defsCached) cacheDefs(next);
         if (const DefRecord* own = (next.*defs).find(name)) return own;
         if (!seen.insert(&next).second) continue;
-        if (!next.impsCached) cacheImps(next);
+        if (!next.supersCached) cacheImps(next);
         for (auto i = next.interfaces.rbegin(); i != next.interfaces.rend(); ++i)
             open.push_back(&graph_.classNode(**i));
         if (next.superclass != nullptr) open.push_back(&graph_.classNode(*next.superclass));

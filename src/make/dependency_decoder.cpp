@@ -65,9 +65,14 @@ Date DependencyDecoder::date() {
     return static_cast<Date>(high << 32 | u32());
 }
 
+/// The bytes of a name.
+std::span<const std::uint8_t> DependencyDecoder::text() {
+    return take(static_cast<std::size_t>(u16()));
+}
+
 Name* DependencyDecoder::optionalName() {
-    auto length = static_cast<std::size_t>(u16());
-    return length == 0 ? nullptr : Name::fromBytes(take(length));
+    std::span<const std::uint8_t> bytes = text();
+    return bytes.empty() ? nullptr : Name::fromBytes(bytes);
 }
 
 Name* DependencyDecoder::name() {
@@ -80,10 +85,6 @@ Name* DependencyDecoder::classOfPackage() {
     Name* flatName = name();
     if (!isInPackage(flatName, package_)) failCorrupted();
     return flatName;
-}
-
-void DependencyDecoder::skipName() {
-    take(static_cast<std::size_t>(u16()));
 }
 
 /// A name takes two bytes at least, so a count that the data cannot hold gets no memory.
@@ -124,16 +125,16 @@ SourceRecord DependencyDecoder::source() {
     return record;
 }
 
-DependencyRecords DependencyDecoder::records(bool withImports) {
+DependencyRecords DependencyDecoder::records(ImportsRead wanted) {
     DependencyRecords records;
     for (int i = 0; i < sourceCount_; i++) records.sources.push_back(source());
-    for (int rest = u16(); rest > 0; rest--) records.classes.push_back(classRecord(withImports));
+    for (int rest = u16(); rest > 0; rest--) records.classes.push_back(classRecord(wanted));
     if (position_ != bytes_.size()) failCorrupted();
     if (hasTwice(records.sources) || hasTwice(records.classes)) failCorrupted();
     return records;
 }
 
-ClassRecord DependencyDecoder::classRecord(bool withImports) {
+ClassRecord DependencyDecoder::classRecord(ImportsRead wanted) {
     ClassRecord record;
     record.name = classOfPackage();
     record.date = date();
@@ -142,17 +143,17 @@ ClassRecord DependencyDecoder::classRecord(bool withImports) {
     record.sourceDate = date();
     int count = u16();
     if (count == 0) return record;
-    if (withImports)
+    if (wanted == ImportsRead::ALL)
         imports(record, count);
     else
-        skipImports(count);
+        supertypes(record, count, wanted == ImportsRead::SUPERTYPES);
     return record;
 }
 
 void DependencyDecoder::imports(ClassRecord& record, int count) {
     int interfaceCount = u16();
     if (interfaceCount > count) failCorrupted();
-    record.hasImports = true;
+    record.hasImports = record.hasSupertypes = true;
     record.hasRefs = byte() == 1;
     std::vector<ImportRecord*> interfaces;
     for (int i = 0; i < count; i++) {
@@ -175,21 +176,33 @@ void DependencyDecoder::imports(ClassRecord& record, int count) {
     record.interfaces = arena_.copyArray<ImportRecord*>(interfaces);
 }
 
-void DependencyDecoder::skipImports(int count) {
+/// Steps over the imports, and keeps those that are supertypes if they are wanted.
+void DependencyDecoder::supertypes(ClassRecord& record, int count, bool areWanted) {
     take(2);
     bool hasRefs = byte() == 1;
+    record.hasSupertypes = areWanted;
+    std::vector<ImportRecord*> interfaces;
     for (; count > 0; count--) {
-        skipName();
-        take(1 + 8 + 4);
-        if (!hasRefs) continue;
-        skipRefs();
-        skipRefs();
+        std::span<const std::uint8_t> name = text();
+        int flags = byte();
+        take(8 + 4);
+        if (hasRefs) {
+            skipRefs();
+            skipRefs();
+        }
+        if (!areWanted || (flags & (IS_SUPERCLASS | IS_INTERFACE)) == 0) continue;
+        auto* supertype = arena_.make<ImportRecord>();
+        supertype->name = Name::fromBytes(name);
+        if (name.empty() || supertype->name == record.name) failCorrupted();
+        if ((flags & IS_SUPERCLASS) != 0) record.superclass = supertype;
+        if ((flags & IS_INTERFACE) != 0) interfaces.push_back(supertype);
     }
+    record.interfaces = arena_.copyArray<ImportRecord*>(interfaces);
 }
 
 void DependencyDecoder::skipRefs() {
     for (int count = u16(); count > 0; count--) {
-        skipName();
+        text();
         take(4);
     }
 }

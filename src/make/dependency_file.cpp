@@ -99,12 +99,13 @@ void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMa
     }
     bool stable = header.stable && !forMaking;
     bool library = decoder.sourceCount() == 0 && stable && isInArchive(&store);
-    bool withImports = !library && !(stable && options.nocheckstable);
-    DependencyRecords records = decoder.records(withImports);
+    bool isUnchecked = stable && options.nocheckstable;
+    ImportsRead wanted = library ? ImportsRead::NONE : isUnchecked ? ImportsRead::SUPERTYPES : ImportsRead::ALL;
+    DependencyRecords records = decoder.records(wanted);
 
     package.stable = stable;
     package.library = library;
-    package.keepImps = package.keepRefs = withImports;
+    package.keepImps = package.keepRefs = wanted == ImportsRead::ALL;
     package.fresh = false;
     package.dateOffset = toQuarterHours(difference(store.date(), header.writeDate));
     package.recorded = fingerprintOf(whole, package);
@@ -139,6 +140,7 @@ void DependencyFiles::enterClass(PackageNode& package, const ClassRecord& record
     c.defsCached = false;
     c.vardefs = c.fundefs = {};
     c.impsCached = record.hasImports;
+    c.supersCached = record.hasSupertypes;
     c.refsCached = record.hasRefs;
     c.imps = record.imps;
     c.superclass = record.superclass;

@@ -25,6 +25,13 @@ struct SourceRecord {
     std::span<Name*> imports;
 };
 
+/// What is taken up of the imports of classes.
+enum class ImportsRead {
+    ALL,
+    SUPERTYPES, ///< only the names of superclass and interfaces
+    NONE,
+};
+
 /// A class as a dependency file tells of it. Dates are as they stand in the file, those of its imports too.
 struct ClassRecord {
     Name* name = nullptr; ///< flat
@@ -32,8 +39,9 @@ struct ClassRecord {
     std::int32_t fprint = 0;
     Name* sourceName = nullptr; ///< null if it has no source
     Date sourceDate = 0;
-    bool hasImports = false; ///< the record tells of imports, and they were not skipped
-    bool hasRefs = false;    ///< and of what is used of them
+    bool hasImports = false;    ///< the record tells of imports, and all were taken up
+    bool hasRefs = false;       ///< and of what is used of them
+    bool hasSupertypes = false; ///< `superclass` and `interfaces` were taken up
     NodeTable<ImportRecord> imps;
     ImportRecord* superclass = nullptr;
     std::span<ImportRecord*> interfaces;
@@ -57,24 +65,24 @@ public:
     DependencyHeader header();
     /// How many source records there are. Comes second.
     int sourceCount();
-    /// Comes last. `withImports` false steps over what classes say of their imports.
-    DependencyRecords records(bool withImports);
+    /// Comes last.
+    DependencyRecords records(ImportsRead wanted);
 
 private:
     std::uint8_t byte();
     int u16();
     std::uint32_t u32();
     Date date();
+    std::span<const std::uint8_t> text();
     Name* optionalName();
     Name* name();
     Name* classOfPackage();
-    void skipName();
     std::span<Name*> names();
     std::span<Name*> classNames();
     SourceRecord source();
-    ClassRecord classRecord(bool withImports);
+    ClassRecord classRecord(ImportsRead wanted);
     void imports(ClassRecord& record, int count);
-    void skipImports(int count);
+    void supertypes(ClassRecord& record, int count, bool areWanted);
     void skipRefs();
     void refs(NodeTable<DefRecord>& table);
     std::span<const std::uint8_t> take(std::size_t count);

@@ -100,11 +100,13 @@ struct ClassNode {
     StoreRef store;                      ///< the class file; null if not found; the NullStore while it is generated
     SourceNode* source = nullptr;        ///< what defines it now; null if not found
     Date date = 0;                       ///< of the class file when it was recorded; 0 for never
+    Date replaced = 0;                   ///< of the class file that a compile in this run was to replace; 0 if none
     Date sourceDate = 0;                 ///< of the source that it was compiled from
     Name* sourceName = nullptr;          ///< simple name of that source; null for a class that was not built here
     ClassSymbol* symbol = nullptr;       ///< the loaded class; null if it isn't needed
     bool defsCached = false;             ///< `vardefs` and `fundefs` are valid, and `fprint` was computed from them
-    bool impsCached = false;             ///< `imps`, `superclass` and `interfaces` are valid
+    bool impsCached = false;             ///< `imps` are valid
+    bool supersCached = false;           ///< `superclass` and `interfaces` are valid; so they are if `imps` are
     bool refsCached = false;             ///< so are the references of `imps`
     std::int32_t fprint = 0;             ///< fingerprint; unless `defsCached`, as it was recorded
     NodeTable<DefRecord> vardefs;        ///< its fields
@@ -112,8 +114,8 @@ struct ClassNode {
     NodeTable<ImportRecord> imps;        ///< every class named in its constant pool, but for itself
     std::uint32_t flags = 0;             ///< modifiers that importers see; valid with the definitions
     std::int32_t abstracts = 0;          ///< fingerprint of its abstract methods; likewise
-    ImportRecord* superclass = nullptr;  ///< one of `imps`; null for java.lang.Object
-    std::span<ImportRecord*> interfaces; ///< some of `imps`
+    ImportRecord* superclass = nullptr;  ///< one of `imps` if they are valid; null for java.lang.Object
+    std::span<ImportRecord*> interfaces; ///< some of `imps`, likewise
 
     // By the shape of names, and so also for nodes of classes that don't exist
     Name* lastName = nullptr;         ///< behind the last "." or "$"; null for local and anonymous classes

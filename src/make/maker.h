@@ -136,7 +136,9 @@ private:
     int reasonOfSource(const ClassNode& c, const PackageNode& package) const;
     StoreRef classStore(ClassNode& c, PackageNode& package);
     bool isUnchecked(const PackageNode& package) const;
+    static void giveUpFile(ClassNode& c);
     void flushClass(ClassNode& c);
+    void leaveStable(const ClassNode& c, bool withWarning);
 
     // Compiling (maker_compile.cpp)
     StoreRef compileClass(ClassNode& c, int reason, const ImportRecord* import = nullptr,

@@ -54,10 +54,12 @@ StoreRef Maker::compileClass(ClassNode& c, int reason, const ImportRecord* impor
         reportError(0, messages::cannotAccess, "class", c.name, "no source found; must be compiled, because " + text);
         throw MakeAbort{};
     }
+    if (reason == reason::REFERENCE || reason == reason::NO_REFERENCES) leaveStable(c, false);
     if (!listener_.needsCompile(*this, *source->store, text)) throw MakeAbort{};
     for (std::size_t i = source->defs.size(); i-- != 0;) {
         ClassNode& defined = graph_.classNode(source->defs[i]);
         flushClass(defined);
+        giveUpFile(defined);
         defined.store = NullStore::instance();
         defined.state = stamp_ + progress::IN_HAND;
     }
@@ -138,7 +140,7 @@ void Maker::updateClass(ClassNode& c) {
         try {
             if (!learnWritten(c)) return;
         } catch (const NotGenerated&) { // a supertype of something that it imports
-            c.impsCached = c.refsCached = false;
+            c.impsCached = c.supersCached = c.refsCached = false;
             c.imps = {};
             c.superclass = nullptr;
             c.interfaces = {};
@@ -177,11 +179,16 @@ namespace {
 
 /// The date of a class file that was just written. Importers take a class as unchanged while its date is the one that
 /// they have seen, and dates are coarse, so a class that is written again within a moment gets a date of its own.
-Date dateOfWritten(Store& out, Date before) {
+///
+/// The one before has the date that is recorded, or that its file has, where nothing is recorded.
+Date dateOfWritten(Store& out, Date recorded, Date replaced) {
     constexpr Date MOMENT = 1800; // an hour; what is younger than that has been dated by another clock
     Date date = out.date();
-    if (before < date || before - date > MOMENT) return date;
-    if (auto* file = dynamic_cast<DirectoryStore*>(&out)) file->moveDateOn(before - date + 1);
+    Date latest = date - 1;
+    for (Date before : {recorded, replaced})
+        if (before > latest && before - date <= MOMENT) latest = before;
+    if (latest < date) return date;
+    if (auto* file = dynamic_cast<DirectoryStore*>(&out)) file->moveDateOn(latest - date + 1);
     return out.date();
 }
 
@@ -194,7 +201,7 @@ void Maker::outClassNotify(const StoreRef& out, ClassSymbol* symbol, const Store
     c.recompileReason = reason::NONE;
     c.symbol = symbol;
     c.store = out;
-    c.date = dateOfWritten(*out, c.date);
+    c.date = dateOfWritten(*out, c.date, c.replaced);
     SourceNode& from = graph_.sourceNode(Name::fromString(source->canonicalPath().value_or(source->path())));
     c.sourceName = from.name;
     c.sourceDate = from.date;

@@ -76,7 +76,7 @@ bool Maker::classChanged(ClassNode& c, PackageNode& package) {
         c.recompileReason = reason::NO_CLASS_FILE;
     } else if (c.source != nullptr) {
         c.recompileReason = reasonOfSource(c, package);
-        if (c.recompileReason != reason::NONE) c.store = nullptr;
+        if (c.recompileReason != reason::NONE) giveUpFile(c);
     }
     if (c.recompileReason != reason::NONE) {
         flushClass(c);
@@ -86,7 +86,7 @@ bool Maker::classChanged(ClassNode& c, PackageNode& package) {
     if (date == c.date) return false;
     if (c.source != nullptr) {
         c.recompileReason = c.date == 0 ? reason::FIRST_BUILD : reason::CLASS_DATE;
-        c.store = nullptr;
+        giveUpFile(c);
         flushClass(c);
         return true;
     }
@@ -98,6 +98,12 @@ bool Maker::classChanged(ClassNode& c, PackageNode& package) {
     return true;
 }
 
+/// A compile is going to replace the class file, if there is one.
+void Maker::giveUpFile(ClassNode& c) {
+    if (c.store && !isInTheAir(c)) c.replaced = c.store->date();
+    c.store = nullptr;
+}
+
 int Maker::reasonOfSource(const ClassNode& c, const PackageNode& package) const {
     if (rebuild_ && !package.stable) return reason::REBUILD;
     if (c.sourceName == nullptr) return package.stable ? reason::NONE : reason::FIRST_BUILD;
@@ -105,25 +111,29 @@ int Maker::reasonOfSource(const ClassNode& c, const PackageNode& package) const 
     return c.sourceDate == c.source->date ? reason::NONE : reason::SOURCE_DATE;
 }
 
-/// Drops what is remembered of a class that has changed. In a stable package that breaks the promise: the package is
-/// read again as one that is made, and the pass starts over.
+/// Drops what is remembered of a class that has changed, which breaks the promise of a stable package.
 void Maker::flushClass(ClassNode& c) {
     c.symbol = nullptr;
-    c.impsCached = c.refsCached = c.defsCached = false;
+    c.impsCached = c.supersCached = c.refsCached = c.defsCached = false;
     c.imps = {};
     c.superclass = nullptr;
     c.interfaces = {};
     c.fprint = 0;
     c.vardefs = c.fundefs = {};
+    if (c.store || c.source != nullptr) leaveStable(c, true);
+}
+
+/// The class's package turns out to be no stable one: it is read again as one that is made, and the pass starts over.
+void Maker::leaveStable(const ClassNode& c, bool withWarning) {
     PackageNode* package = graph_.findPackage(c.packageName);
-    if (package == nullptr || !package->stable || (!c.store && c.source == nullptr)) return;
+    if (package == nullptr || !package->stable) return;
     if (package->writtenHere) { // this very run took it for stable, and still has all that it knew
         package->stable = false;
         return;
     }
     packageNode(c.packageName, true);
     ScopedSource none(nullptr);
-    reportWarning(0, messages::changedInStablePackage, c.name, c.packageName);
+    if (withWarning) reportWarning(0, messages::changedInStablePackage, c.name, c.packageName);
     remake_ = true;
     throw MakeAbort{};
 }
@@ -279,37 +289,38 @@ bool Maker::remakeUndecided(ClassNode& c) {
 }
 
 /// Compares what the class uses with what its imports offer now. Whether it was compiled.
+///
+/// For a class of a stable package that has lost its source only what is gone counts. From then on it no more agrees
+/// with that source: should it come back, the class is out of date.
 bool Maker::remakeForReferences(ClassNode& c, PackageNode& package) {
+    bool hasRefs = c.refsCached;
+    bool isStrict = c.sourceName != nullptr && (c.source != nullptr || (hasRefs && !package.stable));
+    bool isIncomparable = false;
     for (std::uint32_t i = 0; i < c.imps.size(); i++) {
         ImportRecord& import = *c.imps[i];
         ClassNode& imported = graph_.classNode(import);
         if (import.date != 0 && isAsSeen(import, imported)) continue;
         if (!imported.defsCached) cacheDefs(imported);
         bool isSame = import.date != 0 && import.fprint == imported.fprint;
-        if (const DefRecord* changed = isSame ? checkWideRefs(c, import, imported) : nullptr) {
+        if (isStrict && !isSame && !hasRefs) {
+            compileClass(c, reason::NO_REFERENCES);
+            return true;
+        }
+        const DefRecord* changed = nullptr;
+        if (!isSame) changed = isStrict ? strictCheckRefs(import, imported) : looseCheckRefs(c, import, imported);
+        if (changed == nullptr) changed = checkWideRefs(c, import, imported);
+        if (changed != nullptr) {
             compileClass(c, reason::REFERENCE, &import, changed);
             return true;
         }
-        if (!isSame && c.sourceName != nullptr && (c.refsCached || c.source != nullptr)) {
-            if (!c.refsCached) {
-                compileClass(c, reason::NO_REFERENCES);
-                return true;
-            }
-            const DefRecord* changed = strictCheckRefs(import, imported);
-            if (changed == nullptr) changed = checkWideRefs(c, import, imported);
-            if (changed != nullptr) {
-                compileClass(c, reason::REFERENCE, &import, changed);
-                return true;
-            }
-        } else if (!isSame) {
-            if (const DefRecord* gone = looseCheckRefs(c, import, imported)) {
-                compileClass(c, reason::REFERENCE, &import, gone);
-                return true;
-            }
-            warnOfMissingSource(c, package);
-        }
-        if (takeAsSeen(import, imported)) package.relearned = package.stable;
+        isIncomparable = isIncomparable || (!isSame && !isStrict);
+        if (!takeAsSeen(import, imported)) continue;
+        package.relearned = package.stable;
+        if (c.source == nullptr) c.sourceDate = 0;
     }
+    if (!isIncomparable) return false;
+    warnOfMissingSource(c, package);
+    if (c.sourceName != nullptr) c.refsCached = hasRefs;
     return false;
 }
 

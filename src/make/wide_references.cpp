@@ -77,7 +77,7 @@ std::vector<ClassNode*> Maker::supertypesOf(ClassNode& c) {
     for (std::size_t i = 0; i <= found.size(); i++) {
         ClassNode& next = i == 0 ? c : *found[i - 1];
         if (i != 0 && isOfLibrary(next)) continue;
-        if (!next.impsCached) cacheImps(next);
+        if (!next.supersCached) cacheImps(next);
         add(next.superclass);
         for (const ImportRecord* supertype : next.interfaces) add(supertype);
     }
@@ -237,9 +237,9 @@ void Maker::recordHomonyms(ClassNode& c) {
     }
 }
 
-/// The first wide reference that has changed; null if none has.
+/// The first wide reference that has changed; null if none has, or the class can't be compiled anyway.
 const DefRecord* Maker::checkWideRefs(ClassNode& c, const ImportRecord& import, ClassNode& imported) {
-    if (!c.refsCached || c.sourceName == nullptr || isOfLibrary(imported)) return nullptr;
+    if (!c.refsCached || c.source == nullptr || c.sourceName == nullptr || isOfLibrary(imported)) return nullptr;
     auto changed = [&](const NodeTable<DefRecord>& refs, Definitions defs) -> const DefRecord* {
         for (const DefRecord* ref : refs.nodes())
             if (const Name* name = widelyReferenced(ref))

@@ -20,7 +20,7 @@ protected:
         DependencyDecoder decoder(bytes, arena);
         header = decoder.header();
         decoder.sourceCount();
-        records = decoder.records(true);
+        records = decoder.records(ImportsRead::ALL);
     }
 
     Arena arena;

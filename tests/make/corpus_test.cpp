@@ -148,7 +148,7 @@ private:
         DependencyDecoder decoder(file, arena);
         decoder.header();
         decoder.sourceCount();
-        for (const ClassRecord& c : decoder.records(true).classes) prints[c.name->toString()] = c.fprint;
+        for (const ClassRecord& c : decoder.records(ImportsRead::ALL).classes) prints[c.name->toString()] = c.fprint;
     }
 };
 

@@ -22,7 +22,7 @@ std::vector<std::string> linesOf(const char* path, const char* users) {
     DependencyDecoder decoder(bytes, arena);
     DependencyHeader header = decoder.header();
     decoder.sourceCount();
-    DependencyRecords records = decoder.records(true);
+    DependencyRecords records = decoder.records(ImportsRead::ALL);
     return users == nullptr ? factsOf(header, records) : usersOf(users, records);
 }
 
