@@ -186,6 +186,33 @@ bool DependencyFiles::saysTheSame(const PackageNode& package, Store& outputDirec
     return fingerprintOf(encode(package, 0), package) == package.recorded;
 }
 
+// What the format has no room for is left out, as if it was never learned: such a source is scanned in each run, such a
+// class is compiled in each.
+
+namespace {
+
+bool fits(const Name* name) {
+    return name->length <= MOST;
+}
+
+bool fits(std::span<Name* const> names) {
+    return names.size() <= MOST && std::all_of(names.begin(), names.end(), [](const Name* name) { return fits(name); });
+}
+
+template <class Record>
+bool fits(const NodeTable<Record>& records) {
+    std::span<Record* const> all = records.nodes();
+    return all.size() <= MOST && std::all_of(all.begin(), all.end(), [](const Record* r) { return fits(r->name); });
+}
+
+} // namespace
+
+bool DependencyFiles::hasRoomForImports(const ClassNode& c) {
+    auto refsFit = [](const ImportRecord* import) { return fits(import->varrefs) && fits(import->funrefs); };
+    std::span<ImportRecord* const> imports = c.imps.nodes();
+    return fits(c.imps) && (!c.refsCached || std::all_of(imports.begin(), imports.end(), refsFit));
+}
+
 std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package, Date writeDate) {
     if (package.sources.size() > MOST || package.classes.size() > MOST) throw IoFailure("too many classes");
     position_ = 0;
@@ -195,21 +222,14 @@ std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package
     date(writeDate);
     u16(package.sources.size());
     for (const SourceNode* source : package.sources.nodes()) putSource(*source);
-    u16(package.classes.size());
-    for (const ClassNode* c : package.classes.nodes()) putClass(*c);
+    std::span<ClassNode* const> classes = package.classes.nodes();
+    auto fitsName = [](const ClassNode* c) { return fits(c->name); };
+    u16(static_cast<std::size_t>(std::count_if(classes.begin(), classes.end(), fitsName)));
+    for (const ClassNode* c : classes)
+        if (fitsName(c)) putClass(*c);
     return std::span(buffer_).first(position_);
 }
 
-namespace {
-
-bool fits(std::span<Name* const> names) {
-    return names.size() <= MOST &&
-           std::all_of(names.begin(), names.end(), [](const Name* name) { return name->length <= MOST; });
-}
-
-} // namespace
-
-/// What the format has no room for is left out, so that the source is scanned again in the next run.
 void DependencyFiles::putSource(const SourceNode& source) {
     bool isKnown = source.date != 0 && fits(source.defs) && fits(source.imports);
     name(source.name);
@@ -224,7 +244,7 @@ void DependencyFiles::putClass(const ClassNode& c) {
     u32(static_cast<std::uint32_t>(c.fprint));
     name(c.sourceName);
     date(c.sourceDate);
-    std::size_t count = c.impsCached && c.imps.size() <= MOST ? c.imps.size() : 0;
+    std::size_t count = c.impsCached && hasRoomForImports(c) ? c.imps.size() : 0;
     u16(count);
     if (count == 0) return;
     auto isInterface = [&c](const ImportRecord* import) {

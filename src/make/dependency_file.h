@@ -109,6 +109,8 @@ public:
 
     /// The contents of the package's file, in the buffer. Throws IoFailure if the format has no room for them.
     std::span<const std::uint8_t> encode(const PackageNode& package, Date writeDate);
+    /// Whether counts and lengths of 16 bits suffice for what the class imports. They are left out otherwise.
+    static bool hasRoomForImports(const ClassNode& c);
 
 private:
     static constexpr std::size_t FIRST_BUFFER = 65536;

@@ -189,7 +189,7 @@ void Maker::closeNodes() {
 void Maker::closePackage(PackageNode& package) {
     if (writtenInPass_ || package.classes.empty()) return;
     for (const ClassNode* c : package.classes.nodes())
-        if (c->state < stamp_ + progress::DONE) return;
+        if (c->state < stamp_ + progress::DONE || !DependencyFiles::hasRoomForImports(*c)) return;
     package.stable = true;
     writeDependencyFile(package);
 }

@@ -183,19 +183,42 @@ TEST_F(DependencyFile, TheFileOfTheUnnamedPackageHasANameOfItsOwn) {
     EXPECT_EQ(std::string("\4\0\1.\0", 5), contents.substr(0, 5));
 }
 
-TEST_F(DependencyFile, ASourceTooBigForTheFormatIsLeftToBeScannedAgain) {
+TEST_F(DependencyFile, WhatIsTooBigForTheFormatIsLeftOut) {
     PackageNode& big = graph.newPackage(Name::fromString("big"));
+    Name* longName = Name::fromString(std::string(65536, 'x'));
     SourceNode& source = graph.sourceOfRecord(Name::fromString("Big.java"));
-    Name* import = Name::fromString(std::string(70000, 'x'));
     source.date = 5;
-    source.imports = {&import, 1};
+    source.imports = {&longName, 1};
     big.sources.put(graph.arena, &source);
+    auto addClass = [&](const std::string& name, bool withRefs, int varrefs, Name* funref) {
+        ClassNode& c = node(name);
+        c.date = 7;
+        c.impsCached = true;
+        c.refsCached = withRefs;
+        auto* import = graph.arena.make<ImportRecord>(ImportRecord{.name = Name::fromString("a.Base"), .date = 6});
+        auto add = [&](NodeTable<DefRecord>& refs, Name* ref) {
+            refs.put(graph.arena, graph.arena.make<DefRecord>(DefRecord{ref, 1}));
+        };
+        for (int i = 0; i < varrefs; i++) add(import->varrefs, Name::fromString("f" + std::to_string(i)));
+        if (funref != nullptr) add(import->funrefs, funref);
+        c.imps.put(graph.arena, import);
+        big.classes.put(graph.arena, &c);
+    };
+    addClass("big.Most", true, 65535, Name::fromString(std::string(65535, 'x')));
+    addClass("big.Refs", true, 65536, nullptr);
+    addClass("big.Name", true, 0, longName);
+    addClass("big.Unused", false, 65536, longName);
+    addClass("big." + longName->toString(), true, 0, nullptr);
     auto root = ByteArrayStore::root("out");
     root->becomeDirectory();
     files.write(big, root);
     StoreRef file = root->lookup("big")->lookup("big.dependency");
     ASSERT_TRUE(readStore(*file, false, "big"));
     EXPECT_EQ(0, package->sources.find(source.name)->date);
+    std::string known;
+    for (const ClassNode* c : package->classes.nodes())
+        known += c->name->toString() + (c->refsCached ? " refs, " : c->impsCached ? " imports, " : ", ");
+    EXPECT_EQ("big.Most refs, big.Refs, big.Name, big.Unused imports, ", known);
 }
 
 TEST_F(DependencyFile, FilesLargerThanTheBufferAreReadWhole) {
