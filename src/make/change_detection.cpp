@@ -350,8 +350,9 @@ ClassSymbol* Maker::loadClass(ClassNode& c, bool withPool) {
         StoreRef store = classStore(c.name);
         if (c.symbol != nullptr && (!withPool || c.symbol->pool != nullptr)) return c.symbol; // compiled just now
         ClassSymbol* known = context_.findClass(c.name);
+        // One that is just going to be read counts as read already, but has no superclass before it is.
         bool wasRead = known != nullptr && known->kind == TYP && known->reading == Reading::DONE &&
-                       known->sourcePath == nullptr && known->members != nullptr;
+                       known->sourcePath == nullptr && known->superclass != nullptr;
         if (wasRead && !withPool) return known;
         if (store == NullStore::instance()) {
             if (reporter_->errorCount() != 0) throw NotGenerated{};

@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -129,6 +130,9 @@ private:
     void makeClass(ClassNode& c, PackageNode& package);
     void makeImports(const ClassNode& c, const PackageNode& package);
     bool remakeForSupertypes(ClassNode& c);
+    bool hasMoved(const ImportRecord& import);
+    bool isUnsettled(ClassNode& c, std::unordered_set<const ClassNode*>& seen);
+    bool isAbstractInFile(ClassNode& c);
     bool remakeUndecided(ClassNode& c);
     bool remakeForReferences(ClassNode& c, PackageNode& package);
     void warnOfMissingSource(const ClassNode& c, PackageNode& package);

@@ -10,14 +10,21 @@
 #include "runtime/failure.h"
 #include "store/null_store.h"
 
-#include <algorithm>
-
 namespace tarn {
 
 namespace {
 
 bool isInTheAir(const ClassNode& c) {
     return c.store == NullStore::instance();
+}
+
+/// The first of the class's supertypes for which that holds; null if there is none.
+template <class Predicate>
+const ImportRecord* findSupertype(const ClassNode& c, Predicate holds) {
+    if (c.superclass != nullptr && holds(*c.superclass)) return c.superclass;
+    for (const ImportRecord* import : c.interfaces)
+        if (holds(*import)) return import;
+    return nullptr;
 }
 
 } // namespace
@@ -261,30 +268,46 @@ bool Maker::remakeForSupertypes(ClassNode& c) {
     return false;
 }
 
+/// Whether the supertype is another one than its importer has seen.
+bool Maker::hasMoved(const ImportRecord& import) {
+    ClassNode& supertype = graph_.classNode(import);
+    if (import.date == 0 || import.date == supertype.date) return false;
+    if (!supertype.defsCached) cacheDefs(supertype);
+    return import.fprint != supertype.fprint;
+}
+
+/// Whether the class is to be compiled before this pass is over, or may be: it is out of date, or a supertype is.
+bool Maker::isUnsettled(ClassNode& c, std::unordered_set<const ClassNode*>& seen) {
+    if (isOfLibrary(c) || !seen.insert(&c).second) return false;
+    classChanged(c, packageNode(c.packageName, false));
+    if (c.source != nullptr && (!c.store || isInTheAir(c) || c.recompileReason != reason::NONE)) return true;
+    if (c.state >= stamp_ + progress::WRITTEN) return false;
+    return findSupertype(c, [&](const ImportRecord& import) {
+               ClassNode& supertype = graph_.classNode(import);
+               return isUnsettled(supertype, seen) || (!isOfLibrary(supertype) && hasMoved(import));
+           }) != nullptr;
+}
+
+/// Whether the class's file has abstract methods, which may be those of its interfaces.
+bool Maker::isAbstractInFile(ClassNode& c) {
+    if (!c.defsCached) cacheDefs(c);
+    return (c.flags & flag::INTERFACE) == 0 && c.abstracts != 0;
+}
+
 /// A compile may need a class before the walk has decided about it. The class's file can hold methods of interfaces
-/// that have them no more, so the compile takes it along if a supertype that is settled is another one than it has
-/// seen. Whether it does.
+/// that have them no more, so the compile takes it along if a supertype is another one than it has seen, or can become
+/// one. Whether it does.
 bool Maker::remakeUndecided(ClassNode& c) {
     bool isUndecided = compiling_ && c.state >= stamp_ && c.state <= stamp_ + progress::IN_HAND;
     if (!isUndecided || c.source == nullptr || c.sourceName == nullptr || !c.impsCached) return false;
-    auto hasChanged = [&](const ImportRecord* import) {
-        ClassNode& supertype = graph_.classNode(*import);
-        if (import->date == 0 || isOfLibrary(supertype)) return false;
-        classChanged(supertype, packageNode(supertype.packageName, false));
-        bool isSettled = supertype.store && !isInTheAir(supertype) && supertype.recompileReason == reason::NONE;
-        if (!isSettled || import->date == supertype.date) return false;
-        if (!supertype.defsCached) cacheDefs(supertype);
-        return import->fprint != supertype.fprint;
-    };
-    const ImportRecord* changed = c.superclass;
-    int why = reason::SUPERCLASS;
-    if (changed == nullptr || !hasChanged(changed)) {
-        auto found = std::find_if(c.interfaces.begin(), c.interfaces.end(), hasChanged);
-        if (found == c.interfaces.end()) return false;
-        changed = *found;
-        why = reason::INTERFACE;
-    }
-    compileClass(c, why, changed);
+    const ImportRecord* changed = findSupertype(c, [&](const ImportRecord& import) {
+        ClassNode& supertype = graph_.classNode(import);
+        std::unordered_set<const ClassNode*> seen;
+        if (import.date == 0 || isOfLibrary(supertype)) return false;
+        return isUnsettled(supertype, seen) ? isAbstractInFile(c) : hasMoved(import);
+    });
+    if (changed == nullptr) return false;
+    compileClass(c, changed == c.superclass ? reason::SUPERCLASS : reason::INTERFACE, changed);
     return true;
 }
 
