@@ -86,6 +86,14 @@ Tree* parseExpression(std::string_view expression, Arena& arena) {
 
 namespace {
 
+std::string qualified(const ClassName& name, std::string_view simpleName) {
+    return std::string(name.prefix) + "." + std::string(simpleName);
+}
+
+Name* flatNameOf(const ClassName& name) {
+    return Name::fromString(qualified(name, name.className));
+}
+
 bool isIdentifier(std::string_view text) {
     ScopedSuppress quiet;
     try {
@@ -104,9 +112,9 @@ bool isLegal(const ClassName& name) {
     // What the class itself is made of.
     for (std::string_view taken : {"EvalSupport", "IEvaluatorContext", "IExpression", "Object"})
         if (name.className == taken) return false;
-    return isIdentifier(name.className) && std::ranges::all_of(name.prefix | std::views::split('.'), [](auto part) {
-               return isIdentifier(std::string_view(part.begin(), part.end()));
-           });
+    auto isPart = [](auto part) { return isIdentifier(std::string_view(part.begin(), part.end())); };
+    return isIdentifier(name.className) && std::ranges::all_of(name.prefix | std::views::split('.'), isPart) &&
+           context().findClass(flatNameOf(name)) == nullptr;
 }
 
 // ---- attribution
@@ -153,10 +161,6 @@ private:
 
     std::vector<Reentered> scopes_; ///< the innermost first
 };
-
-std::string qualified(const ClassName& name, std::string_view simpleName) {
-    return std::string(name.prefix) + "." + std::string(simpleName);
-}
 
 /// The class by its name, wherever the expression stands, and whatever the name means there.
 Tree* supportClass(const ClassName& name, Arena& arena) {
@@ -231,6 +235,18 @@ private:
     Return* result_ = nullptr;
 };
 
+/// Knows the class of an expression only while it is made: a later expression can't mean it.
+class ScopedClass {
+public:
+    explicit ScopedClass(const ClassName& name) : flatName_(flatNameOf(name)) {}
+    ~ScopedClass() { context().classes.erase(flatName_); }
+    ScopedClass(const ScopedClass&) = delete;
+    ScopedClass& operator=(const ScopedClass&) = delete;
+
+private:
+    Name* flatName_;
+};
+
 /// What is in the first file below the directory.
 Bytes onlyFile(StoreRef place) {
     while (place->isDirectory()) place = place->lookup(place->list().value().front());
@@ -241,6 +257,7 @@ Bytes onlyFile(StoreRef place) {
 
 Bytes translate(const ClassName& name, Tree* tree, Env* env, int line, CompileTask& task) {
     Tree* value = box(name, tree, env, line, *task.arena);
+    ScopedClass made(name);
     ClassBuilder builder(name, task);
     ClassDef* def = builder.build();
     builder.result() = value;

@@ -21,7 +21,7 @@ struct ClassName {
     std::string_view className; ///< simple
 };
 
-/// The names of a class that a class file can have, and that an expression can be given.
+/// Whether a class file can have that name, and no class has it that the current context knows.
 bool isLegal(const ClassName& name);
 
 /// The tree, in `arena`. Makes a store named "<expr>" the current source, and leaves it so. `expression` is in UTF-8;

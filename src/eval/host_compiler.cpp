@@ -108,8 +108,7 @@ void HostCompiler::setReporter(Reporter* reporter) {
 std::vector<bool> HostCompiler::compile(std::span<const StoreRef> sources, const StoreRef& outputDirectory,
                                         Reporter* reporter) {
     std::unique_ptr<Workspace> fresh = makeWorkspace();
-    workspace_ = nullptr; // what it has read may be out of date afterwards
-    infoWorkspace_ = nullptr;
+    forget(); // what was read may be out of date afterwards
     ScopedWorkspace current(*fresh);
     return fresh->compiler.compile(sources, outputDirectory, reporter);
 }
@@ -176,10 +175,10 @@ Env* HostCompiler::envAtLine(const StoreRef& source, int line) {
 
 void HostCompiler::writeExpression(std::string_view prefix, std::string_view className, Store& out, int line,
                                    const StoreRef& source, std::string_view expression) {
+    Env* env = envAtLine(source, line);
     eval::ClassName name{prefix, className};
     if (!eval::isLegal(name))
         throw EvalError("illegal name of a class: " + std::string(prefix) + "." + std::string(className));
-    Env* env = envAtLine(source, line);
     entry::forgetPending();
     context().sourceClasses.clear();
     CompileTask task;

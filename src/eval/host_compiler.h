@@ -29,7 +29,7 @@ struct Env;
 /// any case.
 ///
 /// Classes are read afresh for each compile, each source that is evaluated in or searched, and whenever the class path
-/// changes. Evaluation goes on with what was read for as long as it stays in one source.
+/// changes. Evaluation goes on with what was read for as long as it stays in one source and nothing is compiled.
 class HostCompiler {
 public:
     /// The class path is empty at first, the output directory the working directory.

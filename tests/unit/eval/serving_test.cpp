@@ -117,7 +117,13 @@ TEST_F(EvalServingTest, OperationsDoNotDisturbEachOther) {
     expectServed();
 
     // A store in memory takes a path for a name, so the class is put where it is looked for.
-    path->create("p/Other.class")->write(path->lookup("p")->lookup("Other.class")->read());
+    auto putOther = [&] { path->create("p/Other.class")->write(path->lookup("p")->lookup("Other.class")->read()); };
+    putOther();
+    EXPECT_EQ(evaluate(STOP, "Other.N"), "");
+    write("package p; public class Other { public static final int M = 4; }");
+    EXPECT_TRUE(host.compile(other, path, &fresh));
+    putOther();
+    EXPECT_EQ(evaluate(STOP, "Other.M"), "") << "what was compiled is read again";
     ClassSymbol* info = host.classInfo("p.Other");
     EXPECT_EQ(info->toString(), "class p.Other");
     EXPECT_NE(info->pool, nullptr);
@@ -155,6 +161,12 @@ TEST_F(EvalServingTest, NamesOfTheClassAreHeldToTheLanguage) {
     for (const char* prefix : {"", ".", "a..b", "no.such.place"}) EXPECT_NE(evaluateAs(prefix, "Good"), "") << prefix;
     EXPECT_EQ(evaluateAs("quillon.compiler.loader", "Good$1"), "");
     EXPECT_EQ(evaluateAs("quillon.compiler.loader", "Good$1"), "");
+    EXPECT_NE(evaluate(STOP, "new quillon.compiler.loader.Good$1()"), "") << "an earlier expression's class";
+    setSource("package quillon.compiler.loader;\nclass Subject {\nint f;\nvoid stop() {\n}\n}");
+    EXPECT_EQ(evaluateAs("quillon.compiler.loader", "Subject"),
+              "illegal name of a class: quillon.compiler.loader.Subject");
+    EXPECT_EQ(evaluateAs("quillon.compiler.loader", "Good"), "");
+    EXPECT_EQ(evaluate(STOP, "new Subject().f"), "") << "its own class is untouched";
 }
 
 TEST_F(EvalServingTest, AFileThatCannotBeWrittenIsAFailure) {
