@@ -93,7 +93,7 @@ void Maker::makePasses(const MakeRoots& roots, bool isRestart) {
         rebuild_ = roots.rebuild;
         validateRoots(roots);
         if (!roots.inputSources.empty()) {
-            compileBatch(roots.inputSources, {});
+            compileBatch(roots.inputSources);
             return;
         }
         stamp_ -= STAMP_STEP;

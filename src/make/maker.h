@@ -150,7 +150,7 @@ private:
     std::string reasonText(const ClassNode& c, int reason, const ImportRecord* import, const DefRecord* member) const;
     [[noreturn]] void failUnexpected(const ClassNode& c);
     void reopenPackages();
-    void compileBatch(const std::vector<StoreRef>& sources, std::span<Name* const> defs);
+    void compileBatch(const std::vector<StoreRef>& sources);
     void updateClass(ClassNode& c);
     bool learnWritten(ClassNode& c);
 

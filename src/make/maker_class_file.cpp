@@ -6,8 +6,6 @@
 #include "semantic/scope.h"
 #include "store/null_store.h"
 
-#include <algorithm>
-
 namespace tarn {
 
 namespace {
@@ -77,19 +75,24 @@ ClassSymbol* MakerClassFile::readApart(Name* flatName, Store& file, bool keepPoo
     return c;
 }
 
-void MakerClassFile::forgetInheritors(std::span<Name* const> changing) {
-    std::vector<const ClassSymbol*> roots;
-    for (Name* name : changing)
-        if (const ClassSymbol* c = context().findClass(name)) roots.push_back(c);
-    auto isOutdated = [&](const ClassSymbol* c) {
-        for (c = c->superclass; c != nullptr; c = c->superclass)
-            if (c->sourcePath != nullptr || std::find(roots.begin(), roots.end(), c) != roots.end()) return true;
-        return false;
-    };
-    std::vector<ClassSymbol*> outdated;
-    for (const auto& [name, c] : context().classes)
-        if (c->kind == TYP && c->reading == Reading::DONE && isOutdated(c)) outdated.push_back(c);
-    for (ClassSymbol* c : outdated) forget(c);
+void MakerClassFile::outdateInheritors(std::span<Name* const> classes) {
+    for (Name* name : classes) {
+        const ClassSymbol* c = context().findClass(name);
+        if (c != nullptr && c->kind == TYP && c->reading == Reading::DONE) replaced_.push_back(c->members);
+    }
+}
+
+void MakerClassFile::forgetOutdated() {
+    while (!replaced_.empty()) {
+        const Scope* members = replaced_.back();
+        replaced_.pop_back();
+        for (Scope* inheriting : members->inheritors()) {
+            replaced_.push_back(inheriting);
+            auto* c = static_cast<ClassSymbol*>(inheriting->owner);
+            bool isCurrent = c->members == inheriting && context().findClass(c->flatName) == c; // arrays inherit too
+            if (isCurrent && c->reading == Reading::DONE) forget(c);
+        }
+    }
 }
 
 bool MakerClassFile::fillPackage(ClassSymbol* package) {

@@ -3,10 +3,12 @@
 #include "classfile/class_file.h"
 
 #include <span>
+#include <vector>
 
 namespace tarn {
 
 class Maker;
+class Scope;
 
 /// The compiler's door to classes under a make: each class is brought up to date as it is named.
 ///
@@ -28,12 +30,14 @@ public:
     /// Reads the file into a symbol of its own, for the make engine: the one that the compiler knows, and what is
     /// linked to it, stays as it is. Throws IoFailure.
     ClassSymbol* readApart(Name* flatName, Store& file, bool keepPool);
-    /// Has classes read again, before they are used, that inherit from one that came from source, or is among those
-    /// that are about to: the members that they have inherited may be those from before. Between compiles only.
-    void forgetInheritors(std::span<Name* const> changing);
+    /// The classes are about to be entered from source. What inherits from one of them as it was is outdated.
+    void outdateInheritors(std::span<Name* const> classes);
+    /// Has outdated classes read again, before they are used. Between compiles only.
+    void forgetOutdated();
 
 private:
     Maker& maker_;
+    std::vector<Scope*> replaced_; ///< members, as they were, of classes that were entered from source since then
 };
 
 } // namespace tarn

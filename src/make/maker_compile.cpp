@@ -63,12 +63,13 @@ StoreRef Maker::compileClass(ClassNode& c, int reason, const ImportRecord* impor
         defined.store = NullStore::instance();
         defined.state = stamp_ + progress::IN_HAND;
     }
+    classFile_->outdateInheritors(source->defs);
     if (compiling_) {
         expected_->push_back(&c);
         compiler_.compileOnDemand(source->store);
         return NullStore::instance();
     }
-    compileBatch({source->store}, source->defs);
+    compileBatch({source->store});
     if (c.store != NullStore::instance()) return c.store;
     failUnexpected(c);
 }
@@ -103,8 +104,7 @@ void Maker::reopenPackages() {
         if (package->closed == stamp_) package->stable = false;
 }
 
-/// `defs` are the classes in the sources, as far as they are known.
-void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* const> defs) {
+void Maker::compileBatch(const std::vector<StoreRef>& sources) {
     std::vector<ClassNode*> written;
     std::vector<ClassNode*> expected;
     compiledInPass_ = true;
@@ -113,7 +113,7 @@ void Maker::compileBatch(const std::vector<StoreRef>& sources, std::span<Name* c
         ScopedList writtenHere(compiled_, written);
         ScopedList expectedHere(expected_, expected);
         ScopedFlag running(compiling_);
-        classFile_->forgetInheritors(defs);
+        classFile_->forgetOutdated();
         context_.uses.take();
         compiler_.compile(sources, outputDirectory_, reporter_);
     }

@@ -122,6 +122,12 @@ void Scope::setNext(Scope* superScope) {
     }
 }
 
+std::vector<Scope*> Scope::inheritors() const {
+    std::vector<Scope*> scopes;
+    for (Scope* sub = firstLinked; sub != nullptr; sub = sub->nextLinked) scopes.push_back(sub);
+    return scopes;
+}
+
 void Scope::inherit(unsigned at, Symbol* oldHead, Symbol* newHead) {
     Symbol** bucket = &(*table)[at];
     Symbol** link = bucket;

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <span>
+#include <vector>
 
 namespace tarn {
 
@@ -39,6 +40,8 @@ public:
     /// Lets every bucket continue into that of `superScope` (null: only sets `next`). What is entered into `superScope`
     /// later is seen too: a member class may extend the very class that is still being entered around it.
     void setNext(Scope* superScope);
+    /// The scopes for which this one was set as the next, also those that are their owner's no more.
+    [[nodiscard]] std::vector<Scope*> inheritors() const;
     /// The newest entry of that name, or the end mark. Only on the innermost open scope of a table.
     [[nodiscard]] Symbol* lookup(const Name* name) const {
         Symbol* entry = (*table)[name->index & (BUCKETS - 1)];
