@@ -162,10 +162,10 @@ void ClassFile::complete(ClassSymbol* c) {
 
 namespace {
 
-bool leadsTo(const ClassSymbol* from, const ClassSymbol* c, unsigned walk) {
-    for (; from != nullptr && from->walk != walk; from = from->superclass) {
+bool leadsTo(const ClassSymbol* from, const ClassSymbol* c, Walk walk) {
+    for (; from != nullptr && from->walked != walk; from = from->superclass) {
         if (from == c) return true;
-        from->walk = walk;
+        from->walked = walk;
         for (const ClassSymbol* i : from->interfaces)
             if (leadsTo(i, c, walk)) return true;
     }
@@ -176,7 +176,7 @@ bool leadsTo(const ClassSymbol* from, const ClassSymbol* c, unsigned walk) {
 
 /// The class that closes a circle of supertypes is the one that is read last.
 void ClassFile::breakCycle(ClassSymbol* c) {
-    unsigned walk = newWalk();
+    Walk walk = newWalk();
     bool isCyclic = leadsTo(c->superclass, c, walk);
     for (const ClassSymbol* i : c->interfaces) isCyclic = isCyclic || leadsTo(i, c, walk);
     if (!isCyclic) return;
@@ -206,9 +206,9 @@ Name* ClassFile::failureOf(const ClassSymbol* c) const {
     return failures_.empty() ? nullptr : failureAbove(c, newWalk());
 }
 
-Name* ClassFile::failureAbove(const ClassSymbol* c, unsigned walk) const {
-    if (c == nullptr || c->walk == walk) return nullptr;
-    c->walk = walk;
+Name* ClassFile::failureAbove(const ClassSymbol* c, Walk walk) const {
+    if (c == nullptr || c->walked == walk) return nullptr;
+    c->walked = walk;
     if (c->reading == Reading::FAILED) return failures_.at(c->flatName).cause;
     Name* cause = failureAbove(c->superclass, walk);
     for (const ClassSymbol* i : c->interfaces) {

@@ -127,7 +127,7 @@ private:
     void complete(ClassSymbol* c);
     void breakCycle(ClassSymbol* c);
     void fail(ClassSymbol* c, const std::string& cause);
-    Name* failureAbove(const ClassSymbol* c, unsigned walk) const;
+    Name* failureAbove(const ClassSymbol* c, Walk walk) const;
 
     std::unique_ptr<ClassReader> reader_;
     const ClassSymbol* lastRead_ = nullptr; ///< whose file was parsed last; null at the start of each completion

@@ -45,7 +45,7 @@ Type* MethodDef::attr(Env* outer, int, Type* pt) {
     if (sym == nullptr) memberEnter(outer);
     if (sym->type->tag == typetag::ERROR) return type = errType;
     for (Tree* clause : thrown) checkAssignable(clause->pos, clause->type, context().throwableType);
-    if (tag != treetag::CATCH) checks::checkOverrides(this, static_cast<ClassSymbol*>(sym->owner));
+    if (tag != treetag::CATCH) checks::checkOverrides(this);
     type = pt;
     const char* bodiless = nullptr;
     if (tag != treetag::CATCH) {
@@ -137,7 +137,7 @@ Type* ClassDef::attr(Env* outer, int, Type* pt) {
     clinit->pos = body->pos;
     if (!c->isAbstract() && !c->isInterface()) {
         checks::checkAllDefined(this);
-        checks::checkImplementations(this, c);
+        checks::checkImplementations(this);
     }
     body->type = context().voidType;
     for (Tree* def : body->stats) def->attr(env, VAL, context().voidType);

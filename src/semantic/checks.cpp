@@ -57,13 +57,22 @@ void checkOverride(int pos, MethodSymbol* m, MethodSymbol* other) {
     }
 }
 
-void checkOverrides(MethodDef* tree, ClassSymbol* c) {
+namespace {
+
+void checkOverridesIn(const MethodDef* tree, ClassSymbol* c, Walk search) {
     MethodSymbol* m = tree->method();
     if (c->members == nullptr) return;
     for (Symbol* entry = c->members->lookup(m->name); entry->scope != nullptr; entry = entry->nextEntry())
         if (entry->sym->owner != m->owner && m->overrides(entry->sym))
             checkOverride(tree->pos, m, static_cast<MethodSymbol*>(entry->sym));
-    for (ClassSymbol* i : c->interfaces) checkOverrides(tree, i);
+    for (ClassSymbol* i : c->interfaces)
+        if (i->isNewTo(search)) checkOverridesIn(tree, i, search);
+}
+
+} // namespace
+
+void checkOverrides(MethodDef* tree) {
+    checkOverridesIn(tree, static_cast<ClassSymbol*>(tree->sym->owner), newWalk());
 }
 
 // ---- abstract methods
@@ -89,21 +98,22 @@ MethodSymbol* firstUndefinedIn(const ClassSymbol* impl, const Scope* scope) {
     return nullptr;
 }
 
-} // namespace
-
-MethodSymbol* firstUndefined(ClassSymbol* impl, ClassSymbol* c) {
+/// The first abstract method visible from `c` that `impl` does not implement; null if none.
+MethodSymbol* firstUndefined(ClassSymbol* impl, ClassSymbol* c, Walk search) {
     if ((!c->isAbstract() && !c->isInterface()) || c->members == nullptr) return nullptr;
     MethodSymbol* found = firstUndefinedIn(impl, c->members);
-    if (found == nullptr && c->superclass != nullptr) found = firstUndefined(impl, c->superclass);
+    if (found == nullptr && c->superclass != nullptr) found = firstUndefined(impl, c->superclass, search);
     for (ClassSymbol* i : c->interfaces)
-        if (found == nullptr) found = firstUndefined(impl, i);
+        if (found == nullptr && i->isNewTo(search)) found = firstUndefined(impl, i, search);
     return found;
 }
+
+} // namespace
 
 void checkAllDefined(ClassDef* tree) {
     ClassSymbol* c = tree->classSymbol();
     c->flags ^= flag::ABSTRACT; // so that the search starts with the class itself
-    MethodSymbol* undefined = firstUndefined(c, c);
+    MethodSymbol* undefined = firstUndefined(c, c, newWalk());
     c->flags ^= flag::ABSTRACT;
     if (undefined != nullptr) reportError(tree->pos, messages::shouldBeAbstract, c, undefined, undefined->location());
 }
@@ -120,19 +130,23 @@ MethodSymbol* overrider(const ClassSymbol* c, const Symbol* a) {
     return nullptr;
 }
 
-} // namespace
-
-void checkImplementations(ClassDef* tree, ClassSymbol* c) {
+void checkImplementationsOf(const ClassSymbol* c, ClassDef* tree, Walk search) {
     for (ClassSymbol* i : c->interfaces) {
-        if (i->members == nullptr) continue;
+        if (!i->isNewTo(search) || i->members == nullptr) continue;
         for (Symbol* entry = i->members->elems; entry != nullptr; entry = entry->sibling) {
             if (entry->sym->kind != MTH) continue;
             auto* a = static_cast<MethodSymbol*>(entry->sym);
             MethodSymbol* m = overrider(tree->classSymbol(), a);
             if (m != nullptr) checkOverride(tree->pos, m, a);
         }
-        checkImplementations(tree, i);
+        checkImplementationsOf(i, tree, search);
     }
+}
+
+} // namespace
+
+void checkImplementations(ClassDef* tree) {
+    checkImplementationsOf(tree->classSymbol(), tree, newWalk());
 }
 
 // ---- methods of interfaces in abstract classes
@@ -177,11 +191,9 @@ void narrowStub(MethodSymbol* stub, const MethodSymbol* a) {
     stub->type = context().methodType(*stub->type->argTypes(), stub->type->resType(), thrown);
 }
 
-} // namespace
-
-void addInterfaceStubs(ClassDef* tree, ClassSymbol* c) {
+void addStubsFor(const ClassSymbol* c, ClassDef* tree, Walk search) {
     for (ClassSymbol* i : c->interfaces) {
-        if (i->members == nullptr) continue;
+        if (!i->isNewTo(search) || i->members == nullptr) continue;
         for (Symbol* entry = i->members->elems; entry != nullptr; entry = entry->sibling) {
             if (entry->sym->kind != MTH || !entry->sym->isAbstract()) continue;
             auto* a = static_cast<MethodSymbol*>(entry->sym);
@@ -194,8 +206,14 @@ void addInterfaceStubs(ClassDef* tree, ClassSymbol* c) {
             else if (isStub(tree, d))
                 narrowStub(d, a);
         }
-        addInterfaceStubs(tree, i);
+        addStubsFor(i, tree, search);
     }
+}
+
+} // namespace
+
+void addInterfaceStubs(ClassDef* tree) {
+    addStubsFor(tree->classSymbol(), tree, newWalk());
 }
 
 // ---- constructors that call each other

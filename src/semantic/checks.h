@@ -11,16 +11,14 @@ namespace checks {
 
 /// `m` overrides or implements `other`: reports at most one error.
 void checkOverride(int pos, MethodSymbol* m, MethodSymbol* other);
-/// The method of `tree` against what `c` and its interfaces hold.
-void checkOverrides(MethodDef* tree, ClassSymbol* c);
-/// The first abstract method visible from `c` that `impl` does not implement; null if none. `c` must be abstract or an
-/// interface.
-MethodSymbol* firstUndefined(ClassSymbol* impl, ClassSymbol* c);
-/// Reports what `firstUndefined` finds for a concrete class.
+/// A method against those of its class's supertypes.
+void checkOverrides(MethodDef* tree);
+/// Reports the first abstract method that a concrete class does not implement.
 void checkAllDefined(ClassDef* tree);
-void checkImplementations(ClassDef* tree, ClassSymbol* c);
+/// What a class has, inherited methods too, against its interfaces.
+void checkImplementations(ClassDef* tree);
 /// Gives an abstract class an abstract method for each interface method that it does not have.
-void addInterfaceStubs(ClassDef* tree, ClassSymbol* c);
+void addInterfaceStubs(ClassDef* tree);
 void checkCyclicConstructors(ClassDef* tree);
 
 } // namespace checks

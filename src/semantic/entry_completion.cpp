@@ -66,7 +66,7 @@ void enterDue() {
     while (due().inMembers == 0 && !due().stubs.empty()) {
         ClassDef* tree = takeFirst(due().stubs);
         ScopedSource here(tree->env->toplevel->source);
-        checks::addInterfaceStubs(tree, tree->classSymbol());
+        checks::addInterfaceStubs(tree);
     }
 }
 

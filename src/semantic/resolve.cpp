@@ -65,12 +65,13 @@ void keepBetter(Symbol*& best, Symbol* other) {
     best = betterOf(best, other);
 }
 
-/// Applies `visit` to each interface of the class and of its superclasses, until it gives true.
+/// Applies `visit` to each interface of the class and of its superclasses that is new to the search, until it gives
+/// true.
 template <class Visit>
-void eachInterface(ClassSymbol* c, Visit visit) {
+void eachInterface(ClassSymbol* c, Walk search, Visit visit) {
     for (; c != nullptr; c = c->superclass)
         for (ClassSymbol* i : c->interfaces)
-            if (visit(i)) return;
+            if (i->isNewTo(search) && visit(i)) return;
 }
 
 } // namespace
@@ -144,7 +145,9 @@ bool isAccessible(Env* env, ClassSymbol* site, Symbol* sym) {
 
 // ---- fields and variables
 
-Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
+namespace {
+
+Symbol* findFieldIn(Env* env, ClassSymbol* c, Name* name, Walk search) {
     ensureRead(c);
     Symbol* best = varNotFound();
     Symbol* notInherited = nullptr;
@@ -159,7 +162,8 @@ Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
     }
     for (; c != nullptr && !best->exists(); c = c->superclass)
         for (ClassSymbol* i : c->interfaces) {
-            Symbol* found = findField(env, i, name);
+            if (!i->isNewTo(search)) continue;
+            Symbol* found = findFieldIn(env, i, name, search);
             if (best->exists() && found->exists()) {
                 if (best->owner != found->owner) return ambiguityError(best, found);
             } else if (found->kind == AMBIGUOUS) {
@@ -169,6 +173,12 @@ Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
             }
         }
     return best->exists() || notInherited == nullptr ? best : notInherited;
+}
+
+} // namespace
+
+Symbol* findField(Env* env, ClassSymbol* c, Name* name) {
+    return findFieldIn(env, c, name, newWalk());
 }
 
 // A private member that a superclass within the same nest has is not inherited, but can be reached: it is what a name
@@ -216,11 +226,11 @@ bool isBetterOrEqual(Env* env, ClassSymbol* site, Symbol* best, Symbol* sym) {
     return best->exists() && moreSpecific(env, site, best, sym);
 }
 
-Symbol* bestIn(Env* env, ClassSymbol* c, Symbol* best, ClassSymbol* site, Types args, Name* name) {
+Symbol* bestIn(Env* env, ClassSymbol* c, Symbol* best, ClassSymbol* site, Types args, Name* name, Walk search) {
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
         if (isApplicable(entry->sym, args) && !isBetterOrEqual(env, site, best, entry->sym)) best = entry->sym;
-    eachInterface(c, [&](ClassSymbol* i) {
-        best = bestIn(env, i, best, site, args, name);
+    eachInterface(c, search, [&](ClassSymbol* i) {
+        best = bestIn(env, i, best, site, args, name, search);
         return false;
     });
     return best;
@@ -230,11 +240,11 @@ bool isAmbiguousWith(Env* env, ClassSymbol* site, Symbol* m, Symbol* sym, Types 
     return sym != m && isApplicable(sym, args) && !moreSpecific(env, site, m, sym) && !isErroneous(args);
 }
 
-Symbol* checkAmbiguity(Env* env, ClassSymbol* c, Symbol* m, ClassSymbol* site, Types args) {
+Symbol* checkAmbiguity(Env* env, ClassSymbol* c, Symbol* m, ClassSymbol* site, Types args, Walk search) {
     for (Symbol* entry = c->members->lookup(m->name); entry->scope != nullptr; entry = entry->nextEntry())
         if (isAmbiguousWith(env, site, m, entry->sym, args)) return ambiguityError(m, entry->sym);
-    eachInterface(c, [&](ClassSymbol* i) {
-        m = checkAmbiguity(env, i, m, site, args);
+    eachInterface(c, search, [&](ClassSymbol* i) {
+        m = checkAmbiguity(env, i, m, site, args, search);
         return m->kind != MTH;
     });
     if (m->exists() && !isAccessible(env, site, m)) return accessError(m);
@@ -256,11 +266,11 @@ Symbol* findInChain(Env* env, ClassSymbol* site, Name* name, Types args) {
 }
 
 /// Whether the class has or inherits a method of that name that can be called here.
-bool hasAccessibleMethod(Env* env, ClassSymbol* c, Name* name) {
+bool hasAccessibleMethod(Env* env, ClassSymbol* c, Name* name, Walk search) {
     for (Symbol* entry = c->members->lookup(name); entry->scope != nullptr; entry = entry->nextEntry())
         if (entry->sym->kind == MTH && isMemberOf(c, entry->sym) && isAccessible(env, c, entry->sym)) return true;
     bool found = false;
-    eachInterface(c, [&](ClassSymbol* i) { return found = hasAccessibleMethod(env, i, name); });
+    eachInterface(c, search, [&](ClassSymbol* i) { return found = hasAccessibleMethod(env, i, name, search); });
     return found;
 }
 
@@ -270,8 +280,8 @@ Symbol* findMethod(Env* env, ClassSymbol* site, Name* name, Types args) {
     ensureRead(site);
     if (site->members == nullptr) return methodNotFound();
     if (!site->isAbstract() && !site->isInterface()) return findInChain(env, site, name, args);
-    Symbol* best = bestIn(env, site, methodNotFound(), site, args, name);
-    return best->exists() ? checkAmbiguity(env, site, best, site, args) : best;
+    Symbol* best = bestIn(env, site, methodNotFound(), site, args, name, newWalk());
+    return best->exists() ? checkAmbiguity(env, site, best, site, args, newWalk()) : best;
 }
 
 Symbol* findFun(Env* env, Name* name, Types args) {
@@ -281,7 +291,7 @@ Symbol* findFun(Env* env, Name* name, Types args) {
         Symbol* found = findMethod(e, c, name, args);
         if (found->exists() && isMemberOf(c, found)) return found;
         if (!best->exists()) keepBetter(best, found);
-        if (e->outer->enclClass != nullptr && hasAccessibleMethod(e, c, name)) return best;
+        if (e->outer->enclClass != nullptr && hasAccessibleMethod(e, c, name, newWalk())) return best;
     }
     if (best->exists()) return best;
     Symbol* operator_ = findMethod(env, context().predefClass, name, args);
@@ -290,7 +300,9 @@ Symbol* findFun(Env* env, Name* name, Types args) {
 
 // ---- types and packages
 
-Symbol* findMemberType(Env* env, ClassSymbol* c, Name* name) {
+namespace {
+
+Symbol* findMemberTypeIn(Env* env, ClassSymbol* c, Name* name, Walk search) {
     ensureRead(c);
     Symbol* best = typeNotFound();
     if (c->members == nullptr) return best;
@@ -305,13 +317,19 @@ Symbol* findMemberType(Env* env, ClassSymbol* c, Name* name) {
         else if (best->kind > ACCESS_ERROR)
             best = accessError(sym);
     }
-    eachInterface(c, [&](ClassSymbol* i) {
-        Symbol* found = findMemberType(env, i, name);
+    eachInterface(c, search, [&](ClassSymbol* i) {
+        Symbol* found = findMemberTypeIn(env, i, name, search);
         bool second = best->exists() && found->exists() && best != found;
         best = second ? ambiguityError(best, found) : betterOf(best, found);
         return second;
     });
     return best;
+}
+
+} // namespace
+
+Symbol* findMemberType(Env* env, ClassSymbol* c, Name* name) {
+    return findMemberTypeIn(env, c, name, newWalk());
 }
 
 Symbol* loadClass(Env* env, Name* flatName) {

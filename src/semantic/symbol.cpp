@@ -117,17 +117,17 @@ bool ClassSymbol::isRootClass() const {
     return flatName == names().javaLangObject;
 }
 
-unsigned newWalk() {
-    static unsigned walks = 0;
+Walk newWalk() {
+    static Walk walks = 0;
     return ++walks;
 }
 
 namespace {
 
-bool descendsFrom(const ClassSymbol* c, const Symbol* base, bool isInterface, unsigned walk) {
-    for (; c != nullptr && c->walk != walk; c = c->superclass) {
+bool descendsFrom(const ClassSymbol* c, const Symbol* base, bool isInterface, Walk walk) {
+    for (; c != nullptr && c->walked != walk; c = c->superclass) {
         if (c == base) return true;
-        c->walk = walk;
+        c->walked = walk;
         ensureRead(c);
         if (!isInterface) continue;
         for (const ClassSymbol* i : c->interfaces)

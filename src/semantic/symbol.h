@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace tarn {
 
@@ -106,6 +107,10 @@ public:
     int adr = -2;
 };
 
+/// The number of a walk over supertypes. A walk leaves it on each class that it comes by, and so goes through each of
+/// them once, also where class files (or sources that are not checked yet) lead in a circle.
+using Walk = unsigned;
+
 /// How far the file of a class has been read (see ClassFile).
 enum class Reading : std::uint8_t {
     DONE,   ///< read; or nothing is to be read, as for a package or a class from source
@@ -129,6 +134,10 @@ public:
     ClassSymbol* clone();
     /// Whether constructors take the enclosing instance as a hidden first parameter.
     [[nodiscard]] bool hasOuterInstance() const;
+    /// Whether the search comes to this class for the first time. One that goes through the supertypes of a class for
+    /// members asks this of each interface: a member is one however often it is inherited, and the ways to an interface
+    /// can be as many as two to the power of the levels above it.
+    bool isNewTo(Walk search) const { return std::exchange(searched, search) != search; }
     /// Records a variable of another class whose constant value was inlined here, once.
     void addConstantRef(VarSymbol* variable);
 
@@ -141,13 +150,13 @@ public:
     ConstantPool* pool = nullptr;  ///< while the class is generated; kept if dependencies are tracked
     Scope* constantRefs = nullptr; ///< variables of other classes whose value was inlined; null if none
     Reading reading = Reading::DONE;
-    mutable unsigned walk = 0; ///< the walk over supertypes (see `newWalk`) that came by here last
+    mutable Walk walked = 0;   ///< the last walk that looked for nothing but classes
+    mutable Walk searched = 0; ///< the last search for members; it may start walks of the other kind on its way
     int makeStamp = 0;         ///< the make's stamp at which this symbol was looked at last
 };
 
-/// The number of a new walk over supertypes. A walk leaves it on each class that it comes by, and so goes through each
-/// of them once, also where class files (or sources that are not checked yet) lead in a circle.
-unsigned newWalk();
+/// The number of a new walk over supertypes, never 0.
+Walk newWalk();
 
 /// The failed outcome of a search: a kind from AMBIGUOUS up.
 class ResolveError : public Symbol {
