@@ -110,6 +110,9 @@ SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory,
         source.state = stamp_;
         return nullptr;
     }
+    // One that is empty, or commented out as a whole, may lie anywhere.
+    bool isEmpty = source.defs.empty() && source.packageName == graph_.unnamedPackage;
+    if (isEmpty && directory != nullptr) source.packageName = directory->name;
 
     PackageNode& package = packageNode(source.packageName, forMaking);
     if (directory != nullptr && directory->name != package.name) {

@@ -27,6 +27,13 @@ const ImportRecord* findSupertype(const ClassNode& c, Predicate holds) {
     return nullptr;
 }
 
+/// Of the tools that make archives, which count in steps of two seconds, some round dates up as dates are here, and
+/// some down.
+bool hasDate(const Store& file, Date recorded) {
+    Date date = file.date();
+    return date == recorded || (date != NO_DATE && date + 1 == recorded && isInArchive(&file));
+}
+
 } // namespace
 
 /// Whether the package is taken as it is.
@@ -89,8 +96,7 @@ bool Maker::classChanged(ClassNode& c, PackageNode& package) {
         flushClass(c);
         return true;
     }
-    Date date = c.store->date();
-    if (date == c.date) return false;
+    if (hasDate(*c.store, c.date)) return false;
     if (c.source != nullptr) {
         c.recompileReason = c.date == 0 ? reason::FIRST_BUILD : reason::CLASS_DATE;
         giveUpFile(c);
@@ -99,7 +105,7 @@ bool Maker::classChanged(ClassNode& c, PackageNode& package) {
     }
     // A class from elsewhere cannot be compiled; who imports it will look at its fingerprint.
     flushClass(c);
-    c.date = date;
+    c.date = c.store->date();
     c.sourceName = nullptr;
     c.sourceDate = 0;
     return true;

@@ -230,6 +230,13 @@ void importAllPackage(int pos, CompilationUnit* unit, ClassSymbol* package) {
     unit->starPackages = unit->arena.make<PackageList>(package, unit->starPackages);
 }
 
+/// The full name of a class in the unnamed package has one part, which leads there if it means nothing nearer.
+void importUnnamed(Env* env, Name* name) {
+    if (resolve::findType(env, name)->exists()) return;
+    Symbol* c = resolve::loadClass(env, name);
+    if (c->exists()) importSym(env->toplevel->namedImports, c);
+}
+
 } // namespace
 
 void CompilationUnit::enterImports() {
@@ -268,6 +275,7 @@ void Import::memberEnter(Env* env) {
             return;
         }
     }
+    if (tree->tag == treetag::IDENT) importUnnamed(env, named->name);
     Type* imported = tree->attr(env, TYP, anythingType);
     if (imported->tag == typetag::CLASS) importSym(unit->namedImports, memberAlias(imported->tsym));
 }
