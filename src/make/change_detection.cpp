@@ -45,10 +45,13 @@ std::uint32_t seenFlags(std::uint32_t flags) {
     return flags & ~UNSEEN_FLAGS;
 }
 
-/// Private names that were changed on the way into the class file (`_$` and a number) are not the same in every run.
+/// Private names that `-obfuscate` has changed on the way into a class file (`_$` and a number) are not the same in
+/// every run.
 bool hasChangingName(const Symbol* member) {
     if (!member->isPrivate() || member->name == names().init) return false;
-    return context().options.obfuscate || member->name->view().starts_with("_$");
+    if (context().options.obfuscate) return true;
+    std::string_view name = member->name->view();
+    return name.size() > 2 && name.starts_with("_$") && name.find_first_not_of("0123456789", 2) == name.npos;
 }
 
 std::uint64_t valueBits(const ConstantType* constant) {

@@ -107,7 +107,7 @@ DependencyHeader DependencyDecoder::header() {
     if (byte() != VERSION) throw IoFailure("bad format version");
     DependencyHeader header;
     header.package = package_ = name();
-    header.stable = byte() == 1;
+    header.stable = byte();
     header.writeDate = date();
     return header;
 }

@@ -94,10 +94,10 @@ void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMa
     DependencyHeader header = decoder.header();
     if (header.package != package.name) throw IoFailure("contains wrong package " + header.package->toString());
     if (options.verbose) {
-        std::string_view word = !header.stable ? "not " : forMaking ? "was " : "";
+        std::string_view word = header.stable == 0 ? "not " : header.stable == 1 && forMaking ? "was " : "";
         printlnProgress("  reading " + store.toString() + " (" + std::string(word) + "stable)");
     }
-    bool stable = header.stable && !forMaking;
+    bool stable = header.stable == 1 && !forMaking;
     bool library = decoder.sourceCount() == 0 && stable && isInArchive(&store);
     bool isUnchecked = stable && options.nocheckstable;
     ImportsRead wanted = library ? ImportsRead::NONE : isUnchecked ? ImportsRead::SUPERTYPES : ImportsRead::ALL;

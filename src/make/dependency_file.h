@@ -13,8 +13,8 @@ namespace tarn {
 /// What a dependency file says before its records. docs/dependency-files.md tells the format.
 struct DependencyHeader {
     Name* package = nullptr; ///< dotted; "." for the unnamed package
-    bool stable = false;
-    Date writeDate = 0; ///< when the file was written, by the clock of its writer
+    int stable = 0;          ///< 1 if the package was stable, 0 if not; what else stands there promises nothing
+    Date writeDate = 0;      ///< when the file was written, by the clock of its writer
 };
 
 /// A source as a dependency file tells of it. Dates are as they stand in the file.

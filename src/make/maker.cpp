@@ -179,7 +179,12 @@ void Maker::closeNodes() {
         c.source = nullptr;
     }
     for (SourceNode& source : graph_.sources) source.store = nullptr;
-    graph_.packages.keepIf([](const PackageNode* package) { return package->stable || !package->classes.empty(); });
+    missing_.clear();
+    graph_.packages.keepIf([this](const PackageNode* package) {
+        if (package->stable || !package->classes.empty()) return true;
+        if (package->scanned >= base_) missing_.insert(package->name);
+        return false;
+    });
     for (PackageNode* package : graph_.packages.nodes())
         if (!package->stable) closePackage(*package);
 }
@@ -197,8 +202,7 @@ void Maker::closePackage(PackageNode& package) {
 void Maker::warnOfMissingPackages(const MakeRoots& roots) {
     ScopedSource none(nullptr);
     for (const std::string& name : roots.packages)
-        if (graph_.findPackage(Name::fromString(name)) == nullptr)
-            reportWarning(0, messages::packageWithoutClasses, name);
+        if (missing_.contains(Name::fromString(name))) reportWarning(0, messages::packageWithoutClasses, name);
 }
 
 void Maker::writeDependencyFile(PackageNode& package) {

@@ -203,6 +203,7 @@ private:
     StoreRef outputDirectory_;                                     ///< null if class files go beside their sources
     Reporter* reporter_ = nullptr;
 
+    std::unordered_set<const Name*> missing_;     ///< packages in which the last make has found no class
     SourceNodes rootSources_;                     ///< null in the place of a source that was refused
     std::vector<ClassNode*>* compiled_ = nullptr; ///< written by the running batch; null if none runs
     std::vector<ClassNode*>* expected_ = nullptr; ///< asked for and compiled on demand by it; null if none runs

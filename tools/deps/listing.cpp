@@ -75,7 +75,7 @@ std::string dateText(Date date) {
 
 std::vector<std::string> factsOf(const DependencyHeader& header, const DependencyRecords& records) {
     std::vector<std::string> lines;
-    lines.push_back("package " + text(header.package) + (header.stable ? " stable" : " not stable") + " written " +
+    lines.push_back("package " + text(header.package) + (header.stable == 1 ? " stable" : " not stable") + " written " +
                     dateText(header.writeDate));
     for (const SourceRecord& source : records.sources) addSource(lines, header.package, source);
     for (const ClassRecord& c : records.classes) addClass(lines, c);

@@ -111,6 +111,10 @@ TEST_F(Fingerprint, IsTheSameFromSourceAndFromAClassFile) {
     // Private names that are hidden differ from run to run.
     EXPECT_EQ(memberFingerprint(method("_$17", type, flag::PRIVATE)),
               memberFingerprint(method("_$4", type, flag::PRIVATE)));
+    for (const char* other : {"_$", "_$1a", "$_17"})
+        EXPECT_NE(memberFingerprint(method("_$17", type, flag::PRIVATE)),
+                  memberFingerprint(method(other, type, flag::PRIVATE)));
+    EXPECT_NE(memberFingerprint(method("_$17", type, 0)), memberFingerprint(method("_$4", type, 0)));
 }
 
 class Listed final : public ReferenceVisitor {
