@@ -75,10 +75,8 @@ Item* completeBinary(int tag, const OperatorSymbol* operation, Item* l, Tree* le
         emitter().emitop(opcode);
         return stack;
     }
-    constexpr int branchBits = 9;
-    int compare = opcode >> branchBits;
-    if (compare != 0) emitter().emitop(compare);
-    return items::cond(opcode & ((1 << branchBits) - 1));
+    if (int compare = vop::compareOf(opcode)) emitter().emitop(compare);
+    return items::cond(vop::branchOf(opcode));
 }
 
 Item* genOr(Tree* lhs, Tree* rhs) {

@@ -1,3 +1,4 @@
+#include "codegen/opcodes.h"
 #include "driver/reporter.h"
 #include "semantic/attribution.h"
 #include "semantic/context.h"
@@ -16,10 +17,6 @@ using namespace attribution;
 using namespace typetag;
 
 namespace {
-
-/// JVM opcodes of the operators on references.
-constexpr int IF_ACMPEQ = 0xa5;
-constexpr int IF_ACMPNE = 0xa6;
 
 /// The operand's type; the error type for a void one, which is reported.
 Type* attrOperand(Tree* operand, Env* env, int pkind = VAL) {
@@ -49,7 +46,7 @@ Type* Unary::attr(Env* env, int pkind, Type* pt) {
     if (found->kind != MTH) return type = errType;
     operator_ = static_cast<OperatorSymbol*>(found);
     Type* result = operator_->type->resType();
-    if (operand->isConstant()) result = fold1(pos, operand, operator_->opcode, result);
+    if (operand->isConstant()) result = fold1(operand, operator_->opcode, result);
     return type = checkAssignable(pos, result, pt);
 }
 
@@ -69,7 +66,7 @@ Type* Binary::attr(Env* env, int pkind, Type* pt) {
         left = withoutValue(left);
         right = withoutValue(right);
     }
-    if ((opcode == IF_ACMPEQ || opcode == IF_ACMPNE) && !isCastable(left, right) && !isCastable(right, left))
+    if ((opcode == op::IF_ACMPEQ || opcode == op::IF_ACMPNE) && !isCastable(left, right) && !isCastable(right, left))
         reportError(pos, messages::cannotCompare, left, right);
     return type = checkAssignable(pos, result, pt);
 }

@@ -49,6 +49,8 @@ public:
     [[nodiscard]] ClassSymbol* enclClass() const;
     /// The last class met going from this up the owners to a package; null if there is none.
     [[nodiscard]] ClassSymbol* outermostClass() const;
+    /// The package that this belongs to; null if there is none.
+    [[nodiscard]] const Symbol* package() const;
     /// The next entry of the same name, behind this one in its bucket; the end mark (whose `scope` is null) if none.
     [[nodiscard]] Symbol* nextEntry() const;
 
@@ -88,14 +90,25 @@ public:
 /// An operator of the predefined class: found by overload resolution like any method.
 class OperatorSymbol final : public MethodSymbol {
 public:
-    /// 0: no instruction. Below 0x100: a JVM opcode. From 0x200: a compare in the bits above 9 and the branch on its
-    /// result in the low 9 bits. The values between are those of `vop`.
+    /// 0: no instruction. Below 0x100: a JVM opcode. From 0x200: a compare and the branch on its result, as
+    /// `vop::compareAndBranch` puts them together. The values between are those of `vop`.
     int opcode = 0;
 };
 
 /// Operators that are no single JVM instruction.
 namespace vop {
 enum : int { STRING_CONCAT = 0x100, NOT = 0x101, AND_AND = 0x102, OR_OR = 0x103 };
+
+constexpr int compareAndBranch(int compare, int branch) {
+    return compare << 9 | branch;
+}
+/// 0 if the operator has no compare of its own.
+constexpr int compareOf(int opcode) {
+    return opcode >> 9;
+}
+constexpr int branchOf(int opcode) {
+    return opcode & 0x1ff;
+}
 } // namespace vop
 
 class VarSymbol final : public Symbol {
