@@ -1,12 +1,12 @@
 #include "codegen/gen.h"
 
+#include "codegen/hidden_fields.h"
 #include "driver/reporter.h"
 #include "semantic/context.h"
 #include "semantic/env.h"
 #include "semantic/scope.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace tarn {
 
@@ -19,10 +19,7 @@ bool storesHiddenField(const Tree* statement) {
     if (expr->tag != treetag::ASSIGN) return false;
     const Tree* target = static_cast<const Assignop*>(expr)->lhs;
     if (target->tag != treetag::SELECT && target->tag != treetag::IDENT) return false;
-    const Symbol* field = static_cast<const NamedTree*>(target)->sym;
-    if (field->kind != VAR || (field->flags & flag::SYNTHETIC) == 0) return false;
-    std::string_view name = field->name->view();
-    return name == "this0" || name.starts_with("val$");
+    return hidden::isHidden(static_cast<const NamedTree*>(target)->sym);
 }
 
 bool callsSuperConstructor(const MethodDef* method) {

@@ -21,10 +21,6 @@ namespace tarn {
 
 namespace {
 
-bool isSamePackage(const ClassSymbol* a, const ClassSymbol* b) {
-    return a->outermostClass()->owner == b->outermostClass()->owner;
-}
-
 bool isSameSource(const ClassSymbol* a, const ClassSymbol* b) {
     return a->sourceFile != nullptr && a->sourceFile == b->sourceFile;
 }
@@ -33,7 +29,7 @@ bool isSameSource(const ClassSymbol* a, const ClassSymbol* b) {
 std::size_t sourcesAbove(const ClassSymbol* c) {
     std::size_t count = 0;
     for (const ClassSymbol* super = c->superclass; super != nullptr; super = super->superclass) {
-        if (!isSamePackage(super, c)) continue;
+        if (super->package() != c->package()) continue;
         if (!isSameSource(super, c)) ++count;
         c = super;
     }

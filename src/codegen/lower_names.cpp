@@ -1,12 +1,12 @@
 #include "codegen/lowering.h"
 
+#include "codegen/hidden_fields.h"
 #include "driver/reporter.h"
 #include "runtime/failure.h"
 #include "semantic/context.h"
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 // Names: members of the classes around a class, captured variables, and the enclosing instances themselves.
 //
@@ -17,11 +17,6 @@
 namespace tarn {
 
 namespace {
-
-Name* outerName() {
-    static Name* const name = Name::fromBytes("this0");
-    return name;
-}
 
 bool isInherited(const ClassSymbol* c, const Symbol* member) {
     return member->isPrivate() ? c == member->owner : c->isSubClass(member->owner);
@@ -36,10 +31,6 @@ Place* siteOf(Place* place, const Symbol* member) {
     return nullptr;
 }
 
-bool isSamePackage(const ClassSymbol* a, const ClassSymbol* b) {
-    return a->outermostClass()->owner == b->outermostClass()->owner;
-}
-
 /// The class whose access methods reach the member from the place, or null if it can be reached as it is. `site` is the
 /// class of the object (for a static member, any), or null for an array.
 ///
@@ -48,7 +39,8 @@ bool isSamePackage(const ClassSymbol* a, const ClassSymbol* b) {
 ClassSymbol* accessHost(Place* place, const Symbol* member, const ClassSymbol* site) {
     auto* owner = static_cast<ClassSymbol*>(member->owner);
     if (member->isPrivate()) return owner == place->c ? nullptr : owner;
-    if ((member->flags & flag::PROTECTED) == 0 || site == nullptr || isSamePackage(place->c, owner)) return nullptr;
+    if ((member->flags & flag::PROTECTED) == 0 || site == nullptr || place->c->package() == owner->package())
+        return nullptr;
     for (Place* p = place; p != nullptr; p = p->outer) {
         if (!p->c->isSubClass(owner) || (!member->isStatic() && !site->isSubClass(p->c))) continue;
         return p == place || p->c == place->c ? nullptr : p->c;
@@ -119,7 +111,8 @@ Tree* Lowering::translateSelf(Self* tree, Place* place) {
 VarSymbol* Lowering::outerField(ClassSymbol* c) {
     VarSymbol*& field = classes_[c].outerField;
     if (field == nullptr)
-        field = TreeMaker::variable(flag::SYNTHETIC | flag::FINAL, outerName(), c->owner->enclClass()->type, c, c->pos);
+        field = TreeMaker::variable(flag::SYNTHETIC | flag::FINAL, hidden::outerInstance(), c->owner->enclClass()->type,
+                                    c, c->pos);
     return field;
 }
 
@@ -127,7 +120,7 @@ VarSymbol* Lowering::outerParameter(MethodDef* constructor) {
     VarSymbol*& parameter = parameters_[constructor].outer;
     Symbol* method = constructor->sym;
     if (parameter == nullptr)
-        parameter = TreeMaker::variable(flag::FINAL | flag::PARAMETER, outerName(),
+        parameter = TreeMaker::variable(flag::FINAL | flag::PARAMETER, hidden::outerInstance(),
                                         method->owner->owner->enclClass()->type, method, constructor->pos);
     return parameter;
 }
@@ -187,12 +180,11 @@ VarSymbol* Lowering::capture(ClassSymbol* holder, VarSymbol* v) {
         if (each.variable == v) return each.field;
     if (!v->isFinal()) reportError(make_.pos, messages::notFinalInInnerClass, v);
     // Variables of one name from different methods can meet in one class.
-    std::string text = "val$" + v->name->toString();
-    Name* name = Name::fromString(text);
+    Name* name = hidden::copyOf(v->name);
     auto isTaken = [&] {
         return std::any_of(all.begin(), all.end(), [&](const Captured& each) { return each.field->name == name; });
     };
-    while (isTaken()) name = Name::fromString(text += "$");
+    while (isTaken()) name = Name::fromString(name->toString() + "$");
     VarSymbol* field =
         TreeMaker::variable(flag::SYNTHETIC | flag::FINAL, name, declarableType(v->type), holder, holder->pos);
     all.push_back({v, field});

@@ -119,7 +119,7 @@ MethodDef* TreeMaker::methodDef(MethodSymbol* method, Trees params, Env* classEn
     Type* result = method->type->resType();
     Tree* restype = method->isConstructor() ? nullptr : typeTree(result);
     auto* def = arena_->make<MethodDef>(*arena_, pos, treetag::METHODDEF, method->name, method->flags, restype, params,
-                                        typeTrees(method->type->thrown()), block({}));
+                                        knownTypes(*arena_, pos, method->type->thrown()), block({}));
     def->sym = method;
     def->type = method->type;
     def->env = classEnv;
@@ -127,21 +127,7 @@ MethodDef* TreeMaker::methodDef(MethodSymbol* method, Trees params, Env* classEn
 }
 
 Tree* TreeMaker::typeTree(Type* type) {
-    if (type->tag == typetag::ARRAY) {
-        Tree* tree = arena_->make<TypeArray>(pos, typeTree(type->elemType()));
-        tree->type = type;
-        return tree;
-    }
-    return arena_->make<KnownType>(pos, type->tsym->name, type->tsym);
-}
-
-Trees TreeMaker::typeTrees(TypeList* types) {
-    Trees trees = arena_->makeArray<Tree*>(static_cast<std::size_t>(TypeList::length(types)));
-    for (Tree*& tree : trees) {
-        tree = typeTree(types->head);
-        types = types->tail;
-    }
-    return trees;
+    return arena_->make<KnownType>(pos, type);
 }
 
 // ---- lists
@@ -154,13 +140,6 @@ Trees TreeMaker::concat(std::span<Tree* const> front, std::span<Tree* const> bac
     Trees all = arena_->makeArray<Tree*>(front.size() + back.size());
     std::copy(back.begin(), back.end(), std::copy(front.begin(), front.end(), all.begin()));
     return all;
-}
-
-Type* declarableType(Type* type) {
-    if (type->tag == typetag::NULLTYPE) return context().objectType;
-    if (!type->isConstant()) return type;
-    return type->tag == typetag::CLASS ? context().stringType
-                                       : context().typeOfTag[static_cast<std::size_t>(type->tag)];
 }
 
 } // namespace tarn

@@ -47,9 +47,7 @@ public:
     /// A definition of the method, with an empty body, in the class environment.
     MethodDef* methodDef(MethodSymbol* method, Trees params, Env* classEnv);
     Block* block(Trees stats);
-    /// A tree that names the type.
     Tree* typeTree(Type* type);
-    Trees typeTrees(TypeList* types);
 
     Trees list(std::initializer_list<Tree*> trees);
     Trees concat(std::span<Tree* const> front, std::span<Tree* const> back);
@@ -63,8 +61,5 @@ public:
 private:
     Arena* arena_ = nullptr;
 };
-
-/// The type of a declaration for values of that type: a constant gives away its value, null may be any object.
-Type* declarableType(Type* type);
 
 } // namespace tarn

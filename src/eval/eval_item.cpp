@@ -1,6 +1,7 @@
 #include "eval/eval_item.h"
 
 #include "codegen/emitter.h"
+#include "codegen/hidden_fields.h"
 #include "driver/reporter.h"
 #include "semantic/context.h"
 #include "semantic/resolve.h"
@@ -217,16 +218,6 @@ Item* frameVariable(int pos, Name* name) {
 
 namespace {
 
-/// The names of hidden fields of inner classes: the instance around, and copies of captured variables.
-Name* outerFieldName() {
-    static Name* const name = Name::fromBytes("this0");
-    return name;
-}
-
-Name* copyName(const Name* variable) {
-    return Name::fromBytes("val$" + variable->toString());
-}
-
 ClassSymbol* classAround(const ClassSymbol* c) {
     return c->owner->enclClass();
 }
@@ -245,7 +236,7 @@ void emitEnclosingInstance(int pos, const ClassSymbol* c) {
             reportError(pos, messages::expressionNotEvaluable);
             return;
         }
-        fieldOfHandle(pos, outerFieldName());
+        fieldOfHandle(pos, hidden::outerInstance());
     }
 }
 
@@ -262,7 +253,7 @@ Item* variable(int pos, Symbol* symbol) {
     const ClassSymbol* here = resolve::classOf(place);
     if (home == here) return frameVariable(pos, symbol->name);
     emitEnclosingInstance(pos, holderOf(here, home));
-    return fieldOfHandle(pos, copyName(symbol->name));
+    return fieldOfHandle(pos, hidden::copyOf(symbol->name));
 }
 
 Item* instanceMember(int pos, Symbol* symbol) {

@@ -166,7 +166,7 @@ private:
 Tree* supportClass(const ClassName& name, Arena& arena) {
     Name* flatName = Name::fromString(qualified(name, "EvalSupport"));
     try {
-        return arena.make<KnownType>(NO_POSITION, shortName(flatName), context().classReader->load(flatName));
+        return arena.make<KnownType>(NO_POSITION, context().classReader->load(flatName)->type);
     } catch (const IoFailure& failure) {
         reportError(NO_POSITION, messages::cannotAccess, "class", flatName, failure.what());
         return Tree::erroneous();

@@ -82,20 +82,6 @@ void instantiate(NewClass* tree, Env* env, Type* outer, Types args, ClassSymbol*
     if (tree->constructor->type != nullptr) checkThrown(tree->pos, tree->constructor->type, env->handled);
 }
 
-Type* declarable(Type* type) {
-    if (type->tag == NULLTYPE) return context().objectType;
-    return withoutValue(type);
-}
-
-Trees thrownClauses(Arena& arena, int pos, TypeList* list) {
-    Trees clauses = arena.makeArray<Tree*>(static_cast<std::size_t>(TypeList::length(list)));
-    for (Tree*& clause : clauses) {
-        clause = arena.make<KnownType>(pos, list->head->tsym->name, list->head->tsym);
-        list = list->tail;
-    }
-    return clauses;
-}
-
 /// The constructor that a creation with a body and these arguments, the enclosing instance among them, will call
 /// through the body's own; null if unknown.
 MethodSymbol* superConstructor(Env* env, ClassSymbol* c, Types args) {
@@ -121,10 +107,9 @@ void addPassingConstructor(NewClass* tree, Env* env, ClassSymbol* c, Types args)
     Trees params = arena.makeArray<Tree*>(args.size());
     Trees passed = arena.makeArray<Tree*>(args.size());
     for (std::size_t i = 0; i < args.size(); ++i) {
-        Type* type = target != nullptr ? targetArgs[i] : declarable(args[i]);
+        Type* type = target != nullptr ? targetArgs[i] : declarableType(args[i]);
         Name* name = Name::fromBytes("x" + std::to_string(i));
-        Tree* typeTree = arena.make<KnownType>(pos, type->tsym->name, type->tsym);
-        params[i] = arena.make<VarDef>(pos, name, 0U, typeTree, nullptr);
+        params[i] = arena.make<VarDef>(pos, name, 0U, arena.make<KnownType>(pos, type), nullptr);
         passed[i] = arena.make<Ident>(pos, name);
     }
     Tree* encl = nullptr;
@@ -135,7 +120,7 @@ void addPassingConstructor(NewClass* tree, Env* env, ClassSymbol* c, Types args)
     auto* call = arena.make<Apply>(pos, arena.make<Self>(pos, treetag::SUPER, encl), passed);
     Trees stats = arena.makeArray<Tree*>(1);
     stats.front() = arena.make<Exec>(pos, call);
-    Trees thrown = target == nullptr ? Trees{} : thrownClauses(arena, pos, target->type->thrown());
+    Trees thrown = target == nullptr ? Trees{} : knownTypes(arena, pos, target->type->thrown());
     def->prepend(arena, arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, 0U, nullptr, params, thrown,
                                               arena.make<Block>(pos, stats)));
 }
@@ -153,7 +138,7 @@ void passQualifier(NewClass* tree, Env* env) {
 Type* attrWithBody(NewClass* tree, Env* env, ClassSymbol* c, Types args) {
     ClassDef* def = tree->def;
     Arena& arena = env->toplevel->arena;
-    auto* base = arena.make<KnownType>(tree->clazz->pos, c->name, c); // the clause is not attributed a second time
+    auto* base = arena.make<KnownType>(tree->clazz->pos, c->type); // the clause is not attributed a second time
     if (c->isInterface()) {
         def->implementing = arena.makeArray<Tree*>(1);
         def->implementing.front() = base;
@@ -182,7 +167,7 @@ Type* attrQualifier(NewClass* tree, Env* env) {
     Type* outer = tree->encl->attr(env, VAL, anythingType);
     if (outer->tag != CLASS || tree->clazz->tag != treetag::IDENT) return outer;
     Arena& arena = env->toplevel->arena;
-    auto* name = arena.make<KnownType>(tree->pos, outer->tsym->name, outer->tsym);
+    auto* name = arena.make<KnownType>(tree->pos, outer);
     tree->clazz = arena.make<Select>(tree->clazz->pos, static_cast<Ident*>(tree->clazz)->name, name);
     return outer;
 }

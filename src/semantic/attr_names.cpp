@@ -306,7 +306,7 @@ Types outerArguments(int pos, Env* env, Tree*& encl, Type* outer, Types args, Cl
             outer = errType;
         } else {
             Arena& arena = env->toplevel->arena;
-            encl = arena.make<Self>(pos, treetag::THIS, arena.make<KnownType>(pos, q->name, q));
+            encl = arena.make<Self>(pos, treetag::THIS, arena.make<KnownType>(pos, q->type));
             outer = encl->attr(env, VAL, anythingType);
         }
     }

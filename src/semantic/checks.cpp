@@ -153,12 +153,6 @@ void checkImplementations(ClassDef* tree) {
 
 namespace {
 
-/// A tree that names the type, for a declaration that is made up.
-Tree* makeTypeTree(Arena& arena, int pos, Type* type) {
-    if (type->tag == typetag::ARRAY) return arena.make<TypeArray>(pos, makeTypeTree(arena, pos, type->elemType()));
-    return arena.make<KnownType>(pos, type->tsym->name, type->tsym);
-}
-
 void addStub(ClassDef* tree, MethodSymbol* a) {
     Arena& arena = tree->env->toplevel->arena;
     int pos = tree->pos;
@@ -166,17 +160,12 @@ void addStub(ClassDef* tree, MethodSymbol* a) {
     Trees params = arena.makeArray<Tree*>(args.size());
     for (std::size_t i = 0; i < args.size(); ++i) {
         Name* name = Name::fromBytes("x" + std::to_string(i));
-        params[i] = arena.make<VarDef>(pos, name, 0U, makeTypeTree(arena, pos, args[i]), nullptr);
+        params[i] = arena.make<VarDef>(pos, name, 0U, arena.make<KnownType>(pos, args[i]), nullptr);
     }
-    TypeList* list = a->type->thrown();
-    Trees thrown = arena.makeArray<Tree*>(static_cast<std::size_t>(TypeList::length(list)));
-    for (Tree*& clause : thrown) {
-        clause = makeTypeTree(arena, pos, list->head);
-        list = list->tail;
-    }
+    Trees thrown = knownTypes(arena, pos, a->type->thrown());
     std::uint32_t flags = flag::PUBLIC | flag::ABSTRACT;
     auto* def = arena.make<MethodDef>(arena, pos, treetag::METHODDEF, a->name, flags,
-                                      makeTypeTree(arena, pos, a->type->resType()), params, thrown, nullptr);
+                                      arena.make<KnownType>(pos, a->type->resType()), params, thrown, nullptr);
     tree->prepend(arena, def);
     def->memberEnter(tree->env);
 }

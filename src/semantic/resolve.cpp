@@ -93,26 +93,22 @@ ClassSymbol* siteOf(Env* env, const Symbol* member) {
 
 // ---- access
 
+namespace {
+
+bool isInPackageOf(Env* env, const Symbol* sym) {
+    return env != nullptr && env->toplevel->package == sym->package();
+}
+
+} // namespace
+
 bool isAccessibleClass(Env* env, ClassSymbol* c) {
     ensureRead(c);
     // The machine knows no protected classes; who may name one was found out with its name.
     if ((c->flags & (flag::PUBLIC | flag::PROTECTED)) != 0) return true;
-    if (env == nullptr) return false;
-    const Symbol* package = env->toplevel->package;
-    if (package == c->owner) return true;
-    const ClassSymbol* outermost = c->outermostClass();
-    return outermost != nullptr && package == outermost->owner;
+    return isInPackageOf(env, c);
 }
 
 namespace {
-
-bool isInPackageOf(Env* env, const Symbol* sym) {
-    if (env == nullptr) return false;
-    const Symbol* package = env->toplevel->package;
-    if (sym->owner != nullptr && package == sym->owner->owner) return true;
-    const ClassSymbol* outermost = sym->outermostClass();
-    return outermost != nullptr && package == outermost->owner;
-}
 
 bool isInNestOf(Env* env, const Symbol* sym) {
     if (env == nullptr) return false;

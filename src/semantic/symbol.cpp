@@ -52,6 +52,12 @@ ClassSymbol* Symbol::outermostClass() const {
     return const_cast<ClassSymbol*>(static_cast<const ClassSymbol*>(outermost));
 }
 
+const Symbol* Symbol::package() const {
+    const Symbol* around = this;
+    while (around != nullptr && around->kind != PCK) around = around->owner;
+    return around;
+}
+
 Symbol* Symbol::nextEntry() const {
     Symbol* entry = shadowed;
     while (entry->scope != nullptr && entry->name != name) entry = entry->shadowed;
@@ -76,18 +82,9 @@ bool MethodSymbol::isConstructor() const {
     return name == names().init;
 }
 
-namespace {
-
-const Symbol* packageOf(const Symbol* member) {
-    const ClassSymbol* outermost = member->outermostClass();
-    return outermost == nullptr ? nullptr : outermost->owner;
-}
-
-} // namespace
-
 bool MethodSymbol::overrides(const Symbol* other) const {
     if (this == other || other->kind != MTH || other->isPrivate()) return false;
-    if (packageOf(other) != packageOf(this) && (other->flags & (flag::PUBLIC | flag::PROTECTED)) == 0) return false;
+    if (other->package() != package() && (other->flags & (flag::PUBLIC | flag::PROTECTED)) == 0) return false;
     const Types* args = type->argTypes();
     const Types* otherArgs = other->type->argTypes();
     if (args == nullptr || otherArgs == nullptr || !sameTypes(*args, *otherArgs)) return false;

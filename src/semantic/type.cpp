@@ -214,6 +214,10 @@ Type* withoutValue(Type* type) {
     return type->tag == CLASS ? context().stringType : context().typeOfTag[type->tag];
 }
 
+Type* declarableType(Type* type) {
+    return type->tag == NULLTYPE ? context().objectType : withoutValue(type);
+}
+
 namespace {
 
 Type* commonNumericType(Type* a, Type* b) {

@@ -223,6 +223,8 @@ bool sameTypes(Types a, Types b);
 bool isCastable(Type* from, Type* to);
 /// The type that a constant is a value of; any other type itself.
 Type* withoutValue(Type* type);
+/// The type of a declaration for values of that type: a constant gives away its value, null may be any object.
+Type* declarableType(Type* type);
 /// The common type of two branches; also merges the types of the statements of a block. Reports at `pos` if there is
 /// none and gives the error type.
 Type* conditionalType(int pos, Type* a, Type* b);

@@ -39,6 +39,17 @@ Ident::Ident(int pos_, Name* name_, Symbol* sym_) : Ident(pos_, name_) {
     type = sym_->type;
 }
 
+KnownType::KnownType(int pos_, Type* type_) : Ident(pos_, type_->tsym->name, type_->tsym) {}
+
+Trees knownTypes(Arena& arena, int pos, TypeList* types) {
+    Trees trees = arena.makeArray<Tree*>(static_cast<std::size_t>(TypeList::length(types)));
+    for (Tree*& tree : trees) {
+        tree = arena.make<KnownType>(pos, types->head);
+        types = types->tail;
+    }
+    return trees;
+}
+
 /// A qualified name can be as long as its source, so that it is put together in one go.
 Name* Select::fullName() const {
     std::vector<Name*> backwards{name};

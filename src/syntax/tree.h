@@ -178,10 +178,10 @@ public:
     using Ident::Ident;
 };
 
-/// The name of a type in a declaration that is made up: the symbol is known and is not searched for.
+/// The name of a type in a declaration that is made up, be it a class or not: nothing is searched for.
 class KnownType final : public Ident {
 public:
-    using Ident::Ident;
+    KnownType(int pos_, Type* type_);
     Type* attr(Env* env, int pkind, Type* pt) override;
 };
 
@@ -749,6 +749,9 @@ public:
 /// Whether the qualifier needs no evaluation when a constant is selected: a class or package name, `this` or `super`,
 /// or for a static constant also a name of one part. Only then the constant is part of a constant expression.
 bool isPlainSelection(const Select* select);
+
+/// A KnownType for each type, in `arena`: a `throws` clause that is made up.
+Trees knownTypes(Arena& arena, int pos, TypeList* types);
 
 /// The source text of an operator node's operator ("+", "=" less for a compound assignment); entered once.
 Name* operatorName(int tag);
