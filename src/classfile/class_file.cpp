@@ -85,12 +85,8 @@ void ClassFile::renew(ClassSymbol* c) {
         failures_.erase(c->flatName);
         context().classes[c->flatName] = c;
     }
-    c->flags = 0;
+    forget(c);
     c->kind = TYP;
-    c->superclass = nullptr;
-    c->interfaces = {};
-    c->members = context().emptyScope;
-    c->pool = nullptr;
     c->reading = Reading::QUEUED;
     todo.push_back(c);
 }

@@ -5,6 +5,7 @@
 #include "classfile/pool_tag.h"
 #include "runtime/failure.h"
 #include "semantic/context.h"
+#include "semantic/fold.h"
 #include "semantic/scope.h"
 
 #include <algorithm>
@@ -194,19 +195,10 @@ void ClassReader::readConstantValue(VarSymbol* field) {
     if (!fits) bad();
     if (!field->isFinal()) return;
     auto* value = static_cast<ConstantType*>(decode(index));
-    switch (declared) {
-    case typetag::BYTE:
-        field->type = context().intConstant(declared, static_cast<std::int8_t>(value->intValue()));
-        break;
-    case typetag::CHAR:
-        field->type = context().intConstant(declared, static_cast<std::uint16_t>(value->intValue()));
-        break;
-    case typetag::SHORT:
-        field->type = context().intConstant(declared, static_cast<std::int16_t>(value->intValue()));
-        break;
-    case typetag::BOOLEAN: field->type = context().intConstant(declared, value->intValue() & 1); break;
-    default: field->type = value;
-    }
+    if (declared == typetag::BOOLEAN)
+        field->type = context().intConstant(declared, value->intValue() & 1);
+    else
+        field->type = isString ? value : coerceConstant(value, field->type);
 }
 
 void ClassReader::readMethod(ClassSymbol* c) {

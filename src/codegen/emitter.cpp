@@ -152,11 +152,6 @@ int Emitter::poolClass(Type* type) {
 
 namespace {
 
-const Symbol* packageOf(const Symbol* symbol) {
-    while (symbol != nullptr && symbol->kind != PCK) symbol = symbol->owner;
-    return symbol;
-}
-
 Symbol* copyOf(Symbol* member) {
     Arena& arena = context().arena;
     Symbol* copy = member->kind == VAR ? static_cast<Symbol*>(arena.make<VarSymbol>(*static_cast<VarSymbol*>(member)))
@@ -171,7 +166,7 @@ Symbol* Emitter::poolMember(Symbol* member, ClassSymbol* site) {
     const Symbol* owner = member->owner;
     if ((owner->flags & (flag::PUBLIC | flag::PROTECTED)) != 0) return member;
     if (site == nullptr) site = currentClass;
-    if (owner == site || owner == currentClass || packageOf(owner) == packageOf(currentClass)) return member;
+    if (owner == site || owner == currentClass || owner->package() == currentClass->package()) return member;
     for (const ForeignMember& known : foreignMembers_)
         if (known.member == member && known.site == site) return known.copy;
     Symbol* copy = copyOf(member);
@@ -231,15 +226,17 @@ void Emitter::entryPoint(int stack) {
     code->maxStack = std::max(code->maxStack, stack);
 }
 
+template <class Change>
+void Emitter::changeUnset(Change change) {
+    if (!debugInfo_) return change();
+    Bits before = maybeUnset;
+    change();
+    trackUnset(before);
+}
+
 void Emitter::entryPoint(int stack, const Bits& unset, const Bits& set) {
     entryPoint(stack);
-    if (debugInfo_) {
-        Bits before = maybeUnset;
-        maybeUnset = unset;
-        trackUnset(before);
-    } else {
-        maybeUnset = unset;
-    }
+    changeUnset([&] { maybeUnset = unset; });
     maybeSet = set;
 }
 
@@ -323,13 +320,7 @@ void Emitter::resolve(Chain* chain, int target) {
 void Emitter::join(const Chain* chain) {
     alive = true;
     stackSize = chain->stack;
-    if (debugInfo_) {
-        Bits before = maybeUnset;
-        maybeUnset.orSet(chain->unset);
-        trackUnset(before);
-    } else {
-        maybeUnset.orSet(chain->unset);
-    }
+    changeUnset([&] { maybeUnset.orSet(chain->unset); });
     maybeSet.orSet(chain->set);
 }
 
@@ -479,13 +470,7 @@ Bits* Emitter::beginLoop() {
 }
 
 void Emitter::restoreUnset(const Bits& bits) {
-    if (debugInfo_) {
-        Bits before = maybeUnset;
-        maybeUnset.andSet(bits);
-        trackUnset(before);
-    } else {
-        maybeUnset.andSet(bits);
-    }
+    changeUnset([&] { maybeUnset.andSet(bits); });
 }
 
 // Ranges of variables: one is open while its variable has a value. It gets its end when the variable loses its value,

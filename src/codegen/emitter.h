@@ -300,6 +300,8 @@ private:
     void entersUnset(int index);
     void leavesUnset(int index);
     void closeRange(int index);
+    template <class Change>
+    void changeUnset(Change change);
     void trackUnset(const Bits& before);
     [[nodiscard]] bool isTracked(int index) const;
 

@@ -70,6 +70,20 @@ void genClause(Trees statements) {
     codegen::genStatements(statements);
 }
 
+/// What is left of a loop that tests at the top, when its condition was generated.
+void genRounds(LoopTree* loop, CondItem* c, Tree* body, Trees step, int start) {
+    Emitter& out = emitter();
+    Chain* whenFalse = c->jumpFalse();
+    if (!c->isFalse()) {
+        out.resolve(c->trueJumps);
+        body->genDrop();
+        out.resolve(loop->cont);
+        genClause(step);
+        out.resolve(out.branch(ALWAYS), start);
+    }
+    out.resolve(Emitter::mergeChains(whenFalse, loop->exit));
+}
+
 } // namespace
 
 Item* WhileLoop::gen() {
@@ -78,15 +92,7 @@ Item* WhileLoop::gen() {
     Bits* saved = out.beginLoop();
     out.statBegin(pos);
     int start = out.curPc();
-    CondItem* c = codegen::genCondition(cond);
-    Chain* whenFalse = c->jumpFalse();
-    if (!c->isFalse()) {
-        out.resolve(c->trueJumps);
-        body->genDrop();
-        out.resolve(cont);
-        out.resolve(out.branch(ALWAYS), start);
-    }
-    out.resolve(Emitter::mergeChains(whenFalse, exit));
+    genRounds(this, codegen::genCondition(cond), body, {}, start);
     out.endLoop(saved);
     return items::voidItem();
 }
@@ -97,22 +103,8 @@ Item* ForLoop::gen() {
     Bits* saved = out.beginLoop();
     genClause(init);
     int start = out.curPc();
-    CondItem* c = nullptr;
-    if (cond != nullptr) {
-        out.statBegin(cond->pos);
-        c = codegen::genCondition(cond);
-    } else {
-        c = items::cond(ALWAYS);
-    }
-    Chain* whenFalse = c->jumpFalse();
-    if (!c->isFalse()) {
-        out.resolve(c->trueJumps);
-        body->genDrop();
-        out.resolve(cont);
-        genClause(step);
-        out.resolve(out.branch(ALWAYS), start);
-    }
-    out.resolve(Emitter::mergeChains(whenFalse, exit));
+    if (cond != nullptr) out.statBegin(cond->pos);
+    genRounds(this, cond != nullptr ? codegen::genCondition(cond) : items::cond(ALWAYS), body, step, start);
     out.endLoop(saved);
     return items::voidItem();
 }

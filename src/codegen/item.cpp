@@ -4,8 +4,10 @@
 #include "driver/reporter.h"
 #include "eval/eval_item.h"
 #include "semantic/context.h"
+#include "semantic/fold.h"
 #include "syntax/position.h"
 
+#include <array>
 #include <bit>
 
 namespace tarn {
@@ -229,14 +231,19 @@ Item* Item::indexed() {
 
 // LocalItem
 
-void LocalItem::load(const Type* type) {
-    emitter().checkAssigned(pos, adr);
+/// `opcode` is the instruction for int, `firstShort` its form for register 0.
+void LocalItem::emitAccess(int opcode, int firstShort, const Type* type) const {
     int reg = emitter().registerOf(adr);
     int code = truncate(typeCode(type));
     if (reg <= 3)
-        emitter().emitop(op::ILOAD_0 + 4 * code + reg);
+        emitter().emitop(firstShort + 4 * code + reg);
     else
-        emitter().emitop1w(op::ILOAD + code, reg);
+        emitter().emitop1w(opcode + code, reg);
+}
+
+void LocalItem::load(const Type* type) {
+    emitter().checkAssigned(pos, adr);
+    emitAccess(op::ILOAD, op::ILOAD_0, type);
 }
 
 void LocalItem::checkFinal() const {
@@ -245,12 +252,7 @@ void LocalItem::checkFinal() const {
 }
 
 void LocalItem::store(const Type* type) {
-    int reg = emitter().registerOf(adr);
-    int code = truncate(typeCode(type));
-    if (reg <= 3)
-        emitter().emitop(op::ISTORE_0 + 4 * code + reg);
-    else
-        emitter().emitop1w(op::ISTORE + code, reg);
+    emitAccess(op::ISTORE, op::ISTORE_0, type);
     checkFinal();
     emitter().assigned(adr);
 }
@@ -311,22 +313,12 @@ CondItem* ImmediateItem::mkCond() {
     return items::cond(value->intValue() != 0 ? ALWAYS : NEVER);
 }
 
-Item* ImmediateItem::coerce(const Type* type, int from, int to) {
+Item* ImmediateItem::coerce(const Type*, int from, int to) {
     if (from == to) return this;
-    Context& current = context();
-    std::int32_t number =
-        to == typecode::LONG || to == typecode::FLOAT || to == typecode::DOUBLE ? 0 : value->intValue();
-    switch (to) {
-    case typecode::INT: break;
-    case typecode::LONG: return items::immediate(current.longConstant(typetag::LONG, value->longValue()));
-    case typecode::FLOAT: return items::immediate(current.floatConstant(typetag::FLOAT, value->floatValue()));
-    case typecode::DOUBLE: return items::immediate(current.doubleConstant(typetag::DOUBLE, value->doubleValue()));
-    case typecode::BYTE: number = static_cast<std::int8_t>(number); break;
-    case typecode::CHAR: number = static_cast<std::uint16_t>(number); break;
-    case typecode::SHORT: number = static_cast<std::int16_t>(number); break;
-    default: return Item::coerce(type, from, to);
-    }
-    return items::immediate(current.intConstant(typetag::INT, number));
+    using namespace typetag;
+    constexpr std::array<int, 8> tagOf = {INT, LONG, FLOAT, DOUBLE, CLASS, BYTE, CHAR, SHORT}; // by type code
+    Type* target = context().typeOfTag[static_cast<std::size_t>(tagOf[static_cast<std::size_t>(to)])];
+    return items::immediate(coerceConstant(value, target)->constValue());
 }
 
 // AssignItem

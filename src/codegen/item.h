@@ -105,6 +105,7 @@ public:
     LocalItem* link = nullptr;
 
 private:
+    void emitAccess(int opcode, int firstShort, const Type* type) const;
     void checkFinal() const;
 };
 
