@@ -35,13 +35,18 @@ ClassSymbol* MakerClassFile::refClass(Name* name) {
     c->makeStamp = maker_.stamp();
     if (c->reading != Reading::DONE) return c; // it will be asked for when it is read
     ScopedSpeech speech;
-    if (maker_.classChanged(name)) renew(c);
+    if (maker_.classChanged(name)) redo(c);
     return c;
 }
 
 void MakerClassFile::redoClass(Name* name) {
     ClassSymbol* c = ClassFile::refClass(name);
-    if (c != nullptr && c->kind == TYP && c->reading == Reading::DONE) renew(c);
+    if (c != nullptr && c->kind == TYP && c->reading == Reading::DONE) redo(c);
+}
+
+void MakerClassFile::redo(ClassSymbol* c) {
+    replaced_.push_back(c->members);
+    renew(c);
 }
 
 void MakerClassFile::completeClass(ClassSymbol* c) {

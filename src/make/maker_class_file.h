@@ -36,8 +36,10 @@ public:
     void forgetOutdated();
 
 private:
+    void redo(ClassSymbol* c);
+
     Maker& maker_;
-    std::vector<Scope*> replaced_; ///< members, as they were, of classes that were entered from source since then
+    std::vector<Scope*> replaced_; ///< members, as they were, of classes that are entered or read anew since then
 };
 
 } // namespace tarn
