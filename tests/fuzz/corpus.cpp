@@ -43,18 +43,16 @@ void addPrograms(Corpus& corpus, const fs::path& folder) {
 
 } // namespace
 
-Corpus readCorpus(const std::vector<std::string>& folders, const std::string& library, const std::string& archive) {
+Corpus readCorpus(const std::vector<std::string>& folders, const std::string& archive) {
     Corpus corpus;
-    if (archive.empty()) {
-        Compilation small{.sources = sourcesBelow(library), .classPath = {placeOf({})}};
-        small.options.nowarn = true;
-        Outcome outcome = compile(small);
-        if (outcome.errors != 0) throw InternalError("the small class library has errors");
-        corpus.libraryFiles = std::move(outcome.classes);
-        corpus.library.push_back(placeOf(corpus.libraryFiles));
-    } else {
-        corpus.library.push_back(std::make_shared<ArchiveStore>(archive));
+    auto library = std::make_shared<ArchiveStore>(archive);
+    for (int i = 0; i < library->memberCount(); i++) {
+        std::string name(library->member(i).name);
+        if (!name.starts_with("java/lang/") || name.find('/', 10) != name.npos || !name.ends_with(".class")) continue;
+        Bytes contents = library->readMember(i);
+        corpus.libraryFiles.push_back({name, std::string(contents.begin(), contents.end())});
     }
+    corpus.library.push_back(std::move(library));
     for (const std::string& folder : folders) addPrograms(corpus, folder);
     auto good = std::count_if(corpus.programs.begin(), corpus.programs.end(),
                               [](const Program& program) { return !program.classes.empty(); });

@@ -87,7 +87,7 @@ private:
     std::vector<std::string> names_;
 };
 
-/// The Java side of expressions, against the small class library.
+/// The Java side of expressions.
 const ClassFiles& support(const Corpus& corpus) {
     static const ClassFiles classes = [&] {
         Compilation compilation{.classPath = corpus.library};

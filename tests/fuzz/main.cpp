@@ -1,10 +1,10 @@
 // Feeds mutated input to the compiler, in this process, and looks for anything but a result or an error message.
 //
-//   fuzz [-library ARCHIVE] [-save FOLDER] TESTS TARGET [RUNS [FIRST]]
+//   fuzz [-save FOLDER] TESTS ARCHIVE TARGET [RUNS [FIRST]]
 //
-// TESTS is the folder of the tests. Run number n is the same input on every machine, so a fault that is told as "run n"
-// comes again with RUNS 1 and FIRST n, and `-save` shows what it was. ARCHIVE is a class library to compile against; by
-// default it is a small one, which is compiled from tests/fuzz/library.
+// TESTS is the folder of the tests, ARCHIVE the class library to compile against. With one library, run number n is the
+// same input each time, so a fault that is told as "run n" comes again with RUNS 1 and FIRST n, and `-save` shows what
+// it was. Exit status: 0 passed, 1 faults, 2 cannot run, 77 there is no class library.
 //
 // The runs are made by children of this process, which goes on behind a run that killed one. A run that takes too much
 // time or memory is a fault as well.
@@ -115,7 +115,7 @@ int runAll(const Arguments& arguments) {
     int console = ::dup(STDOUT_FILENO);
     int nowhere = ::open("/dev/null", O_WRONLY);
     ::dup2(nowhere, STDOUT_FILENO);
-    Corpus corpus = readCorpus(folders, arguments.tests + "/fuzz/library", arguments.archive);
+    Corpus corpus = readCorpus(folders, arguments.archive);
     flushConsole();
     if (arguments.runs == 1) ::dup2(console, STDOUT_FILENO); // messages are of use for a single run only
     void* shared = ::mmap(nullptr, sizeof(std::uint64_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
@@ -138,16 +138,17 @@ int runAll(const Arguments& arguments) {
 
 bool parse(int count, char** values, Arguments& arguments) {
     std::vector<std::string> rest(values + 1, values + count);
-    while (rest.size() >= 2 && rest[0].starts_with('-')) {
-        (rest[0] == "-library" ? arguments.archive : saveFolder) = rest[1];
+    if (rest.size() >= 2 && rest[0] == "-save") {
+        saveFolder = rest[1];
         rest.erase(rest.begin(), rest.begin() + 2);
     }
-    if (rest.size() < 2 || rest.size() > 4) return false;
+    if (rest.size() < 3 || rest.size() > 5) return false;
     arguments.tests = rest[0];
+    arguments.archive = rest[1];
     for (const Target& target : targets())
-        if (target.name == rest[1]) arguments.target = &target;
-    if (rest.size() > 2) arguments.runs = std::strtoull(rest[2].c_str(), nullptr, 10);
-    if (rest.size() > 3) arguments.first = std::strtoull(rest[3].c_str(), nullptr, 10);
+        if (target.name == rest[2]) arguments.target = &target;
+    if (rest.size() > 3) arguments.runs = std::strtoull(rest[3].c_str(), nullptr, 10);
+    if (rest.size() > 4) arguments.first = std::strtoull(rest[4].c_str(), nullptr, 10);
     return arguments.target != nullptr;
 }
 
@@ -159,10 +160,12 @@ int main(int count, char** values) {
     using namespace tarn::fuzz;
     Arguments arguments;
     if (!parse(count, values, arguments)) {
-        std::fputs("usage: fuzz [-library ARCHIVE] [-save FOLDER] TESTS sources|classes|archives|properties|encodings "
-                   "[RUNS [FIRST]]\n",
-                   stderr);
+        std::fputs("usage: fuzz [-save FOLDER] TESTS ARCHIVE TARGET [RUNS [FIRST]]\n", stderr);
         return 2;
+    }
+    if (::access(arguments.archive.c_str(), R_OK) != 0) {
+        std::fprintf(stderr, "skipped: there is no class library\n");
+        return 77;
     }
     int status = 2;
     try {

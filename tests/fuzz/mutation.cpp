@@ -1,5 +1,7 @@
 #include "mutation.h"
 
+#include "syntax/token.h"
+
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
@@ -101,174 +103,34 @@ std::string textOf(const Tokens& tokens) {
     return text;
 }
 
-constexpr std::string_view DICTIONARY[] = {"abstract",
-                                           "boolean",
-                                           "break",
-                                           "byte",
-                                           "case",
-                                           "catch",
-                                           "char",
-                                           "class",
-                                           "continue",
-                                           "default",
-                                           "do",
-                                           "double",
-                                           "else",
-                                           "extends",
-                                           "final",
-                                           "finally",
-                                           "float",
-                                           "for",
-                                           "if",
-                                           "implements",
-                                           "import",
-                                           "instanceof",
-                                           "int",
-                                           "interface",
-                                           "long",
-                                           "native",
-                                           "new",
-                                           "null",
-                                           "package",
-                                           "private",
-                                           "protected",
-                                           "public",
-                                           "return",
-                                           "short",
-                                           "static",
-                                           "super",
-                                           "switch",
-                                           "synchronized",
-                                           "this",
-                                           "throw",
-                                           "throws",
-                                           "transient",
-                                           "true",
-                                           "false",
-                                           "try",
-                                           "void",
-                                           "volatile",
-                                           "while",
-                                           "const",
-                                           "goto",
-                                           "strictfp",
-                                           "0",
-                                           "1",
-                                           "-1",
-                                           "2147483647",
-                                           "2147483648",
-                                           "9223372036854775807L",
-                                           "0x80000000",
-                                           "1e400",
-                                           "1e-400f",
-                                           "0x",
-                                           "08",
-                                           "1.5f",
-                                           "'a'",
-                                           "'\\u0000'",
-                                           "\"\"",
-                                           "\"s\"",
-                                           "\"\\777\"",
-                                           "(",
-                                           ")",
-                                           "{",
-                                           "}",
-                                           "[",
-                                           "]",
-                                           ";",
-                                           ",",
-                                           ".",
-                                           "=",
-                                           ">",
-                                           "<",
-                                           "!",
-                                           "~",
-                                           "?",
-                                           ":",
-                                           "==",
-                                           "<=",
-                                           ">=",
-                                           "!=",
-                                           "&&",
-                                           "||",
-                                           "++",
-                                           "--",
-                                           "+",
-                                           "-",
-                                           "*",
-                                           "/",
-                                           "&",
-                                           "|",
-                                           "^",
-                                           "%",
-                                           "<<",
-                                           ">>",
-                                           ">>>",
-                                           "+=",
-                                           "-=",
-                                           "*=",
-                                           "/=",
-                                           "&=",
-                                           "|=",
-                                           "^=",
-                                           "%=",
-                                           "<<=",
-                                           ">>=",
-                                           ">>>=",
-                                           "Object",
-                                           "String",
-                                           "Class",
-                                           "Main",
-                                           "length",
-                                           "clone",
-                                           "length()",
-                                           "x",
-                                           "this.x",
-                                           "super.x",
-                                           "Main.this",
-                                           "this()",
-                                           "super()",
-                                           "Object.class",
-                                           "int[].class",
-                                           "void.class",
-                                           "new Object() { }",
-                                           "new int[0]",
-                                           "{ 1, 2 }",
-                                           "(int)",
-                                           "(byte)",
-                                           "(long)",
-                                           "(Object)",
-                                           "(String[])",
-                                           "x:",
-                                           "break x;",
-                                           "continue x;",
-                                           "return;",
-                                           "return 0;",
-                                           "throw null;",
-                                           "try { } finally { return; }",
-                                           "synchronized (this) { }",
-                                           "static { }",
-                                           "class L { }",
-                                           "final int x = 1;",
-                                           "interface I { }",
-                                           "case 0:",
-                                           "default:",
-                                           "switch (0) { case 0: }",
-                                           "int x;",
-                                           "extends Object",
-                                           "implements Cloneable",
-                                           "throws Exception",
-                                           "catch (Throwable t) { }",
-                                           "? 1 : 2",
-                                           "instanceof Object",
-                                           "i++",
-                                           "1 / 0",
-                                           "1 % 0L",
-                                           "Integer.MIN_VALUE / -1",
-                                           "java.lang.Object",
-                                           "java",
-                                           "java.lang",
-                                           "import java.util.*;"};
+/// What mutations put in besides tokens, with a "@" between.
+constexpr std::string_view PIECES =
+    "0@1@-1@2147483647@2147483648@9223372036854775807L@0x80000000@1e400@1e-400f@0x@08@1.5f@'a'@'\\u0000'@\"\"@\"s\"@"
+    "\"\\777\"@Object@String@Class@Main@length@clone@length()@x@this.x@super.x@Main.this@this()@super()@Object.class@"
+    "int[].class@void.class@new Object() { }@new int[0]@{ 1, 2 }@(int)@(byte)@(long)@(Object)@(String[])@x:@break x;@"
+    "continue x;@return;@return 0;@throw null;@try { } finally { return; }@synchronized (this) { }@static { }@"
+    "class L { }@final int x = 1;@interface I { }@case 0:@default:@switch (0) { case 0: }@int x;@extends Object@"
+    "implements Cloneable@throws Exception@catch (Throwable t) { }@? 1 : 2@instanceof Object@i++@1 / 0@1 % 0L@"
+    "Integer.MIN_VALUE / -1@java.lang.Object@java@java.lang@import java.util.*;@strictfp";
+
+/// The pieces, and the tokens that have one spelling.
+const Tokens& dictionary() {
+    static const Tokens all = [] {
+        Tokens tokens;
+        for (std::size_t at = 0; at < PIECES.size(); at = std::min(PIECES.find('@', at), PIECES.size()) + 1)
+            tokens.emplace_back(PIECES.substr(at, PIECES.find('@', at) - at));
+        for (std::string_view text : {
+#define TARN_TOKEN(number, constant, text) std::string_view(text),
+                 TARN_TOKENS(TARN_TOKEN)
+#undef TARN_TOKEN
+             }) {
+            if (text.front() == '\'') text = text.substr(1, 1);
+            if (text.front() != '<' || !text.ends_with('>')) tokens.emplace_back(text);
+        }
+        return tokens;
+    }();
+    return all;
+}
 
 bool isName(const std::string& token) {
     return std::isalpha(static_cast<unsigned char>(token.front())) != 0 || token.front() == '_';
@@ -388,11 +250,8 @@ void mutateToken(Random& random, Tokens& tokens, const Tokens& donor) {
     case 0: tokens.erase(tokens.begin() + static_cast<std::ptrdiff_t>(at)); break;
     case 1: tokens.insert(tokens.begin() + static_cast<std::ptrdiff_t>(at), tokens[random.below(tokens.size())]); break;
     case 2: std::swap(tokens[at], tokens[random.below(tokens.size())]); break;
-    case 3: tokens[at] = DICTIONARY[random.below(std::size(DICTIONARY))]; break;
-    case 4:
-        tokens.insert(tokens.begin() + static_cast<std::ptrdiff_t>(at),
-                      std::string(DICTIONARY[random.below(std::size(DICTIONARY))]));
-        break;
+    case 3: tokens[at] = random.oneOf(dictionary()); break;
+    case 4: tokens.insert(tokens.begin() + static_cast<std::ptrdiff_t>(at), random.oneOf(dictionary())); break;
     case 5: tokens.resize(random.oneIn(6) ? at : tokens.size()); break;
     case 6:
     case 7: nest(random, tokens); break;
