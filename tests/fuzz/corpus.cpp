@@ -46,12 +46,16 @@ void addPrograms(Corpus& corpus, const fs::path& folder) {
 Corpus readCorpus(const std::vector<std::string>& folders, const std::string& archive) {
     Corpus corpus;
     auto library = std::make_shared<ArchiveStore>(archive);
+    ClassFiles classes;
     for (int i = 0; i < library->memberCount(); i++) {
         std::string name(library->member(i).name);
-        if (!name.starts_with("java/lang/") || name.find('/', 10) != name.npos || !name.ends_with(".class")) continue;
+        if (!name.starts_with("java/") || !name.ends_with(".class")) continue;
         Bytes contents = library->readMember(i);
-        corpus.libraryFiles.push_back({name, std::string(contents.begin(), contents.end())});
+        classes.push_back({name, std::string(contents.begin(), contents.end())});
+        if (name.starts_with("java/lang/") && name.find('/', 10) == name.npos)
+            corpus.libraryFiles.push_back(classes.back());
     }
+    corpus.bareLibrary = placeOf(classes);
     corpus.library.push_back(std::move(library));
     for (const std::string& folder : folders) addPrograms(corpus, folder);
     auto good = std::count_if(corpus.programs.begin(), corpus.programs.end(),

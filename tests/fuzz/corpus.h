@@ -18,6 +18,7 @@ struct Program {
 struct Corpus {
     std::vector<StoreRef> library; ///< a class path with the class library
     ClassFiles libraryFiles;       ///< the library's package java.lang
+    StoreRef bareLibrary;          ///< the library's classes in memory, without dependency files
     std::vector<Program> programs;
     std::vector<File> sources; ///< of all programs
 };

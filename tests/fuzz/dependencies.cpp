@@ -37,9 +37,7 @@ int make(const fs::path& place, const Corpus& corpus, bool nocheckstable) {
     SilentReporter reporter;
     Maker maker(listener);
     auto here = std::make_shared<DirectoryStore>(place.string());
-    std::vector<StoreRef> classPath = {here};
-    classPath.insert(classPath.end(), corpus.library.begin(), corpus.library.end());
-    maker.setClassPath(std::make_shared<const std::vector<StoreRef>>(std::move(classPath)));
+    maker.setClassPath(std::make_shared<const std::vector<StoreRef>>(std::vector<StoreRef>{here, corpus.bareLibrary}));
     maker.setSourcePath(std::make_shared<const std::vector<StoreRef>>(1, here));
     maker.setOutputDirectory(here);
     maker.setReporter(&reporter);

@@ -68,6 +68,7 @@ bool runOnce(const Corpus& corpus, const Target& target, std::uint64_t run) {
     try {
         target.run(corpus, random);
     } catch (const std::exception& fault) {
+        flushConsole();
         std::fprintf(stderr, "run %llu: %s\n", static_cast<unsigned long long>(run), fault.what());
         return false;
     } catch (...) {

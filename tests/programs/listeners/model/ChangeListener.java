@@ -1,5 +1,0 @@
-package model;
-
-public interface ChangeListener {
-    void changed(ChangeEvent e);
-}
