@@ -37,6 +37,13 @@ public class Main {
             + (value == statement && after == statement ? "" : " BUT VALUE " + value + " THEN " + after);
     }
 
+    /** Says once what each kind of variable gives. */
+    static void same(String[] notes) {
+        for (int i = 1; i < notes.length; i++)
+            if (!notes[i].equals(notes[0])) System.out.println("BUT " + notes[i]);
+        System.out.println(notes[0]);
+    }
+
     static boolean flag;
     boolean field = true;
     static String text = "t";

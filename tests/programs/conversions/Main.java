@@ -145,19 +145,19 @@ public class Main {
     }
 
     public static void main(String[] args) {
-        byte[] bytes = { 0, 127, -128, -1 };
+        byte[] bytes = { 127, -128 };
         for (int i = 0; i < bytes.length; i++) casts(bytes[i]);
-        short[] shorts = { 255, 32767, -32768, -129 };
+        short[] shorts = { 255, -129 };
         for (int i = 0; i < shorts.length; i++) casts(shorts[i]);
-        char[] chars = { 'A', '\u00ff', '\u8000', '\uffff' };
+        char[] chars = { '\u00ff', '\u8000' };
         for (int i = 0; i < chars.length; i++) casts(chars[i]);
-        int[] ints = { 128, 40000, 65536 + 65, -65537, Integer.MAX_VALUE, Integer.MIN_VALUE, 16777217 };
+        int[] ints = { 40000, -65537, 16777217 };
         for (int i = 0; i < ints.length; i++) casts(ints[i]);
-        long[] longs = { 200, -40000L, 0x123456789ABCDEFL, Long.MAX_VALUE, Long.MIN_VALUE, 0xFFFFFFFFL };
+        long[] longs = { -40000L, 0x123456789ABCDEFL };
         for (int i = 0; i < longs.length; i++) casts(longs[i]);
-        float[] floats = { 0.5f, -0.0f, -1.9f, 300.7f, 70000f, 3e9f, -3e9f, 1e20f, Float.NaN, Float.POSITIVE_INFINITY };
+        float[] floats = { -1.9f, 70000f, Float.NaN };
         for (int i = 0; i < floats.length; i++) casts(floats[i]);
-        double[] doubles = { 0.1, -0.0, -1.9, 300.7, 70000, 3e9, -3e9, 1e20, -1e20, 1e300, 1e-300, Double.NaN, Double.NEGATIVE_INFINITY };
+        double[] doubles = { -1.9, 3e9, 1e300, Double.NaN };
         for (int i = 0; i < doubles.length; i++) casts(doubles[i]);
         folded();
         implicit();

@@ -1,5 +1,3 @@
-import java.io.*;
-
 class Checked extends Exception {
     int code;
 
@@ -60,16 +58,6 @@ public class Main {
             say("finally");
         }
         say(";");
-    }
-
-    static int returnBeforeFinally() {
-        int i = 1;
-        try {
-            return i;
-        } finally {
-            i = 100;
-            say("i " + i);
-        }
     }
 
     static int returnFromFinally() {
@@ -248,45 +236,6 @@ public class Main {
         flush("loops in finally");
     }
 
-    static void rethrow(int kind) throws Checked {
-        try {
-            fail(kind);
-        } catch (Checked e) {
-            say("first " + e.code);
-            throw e;
-        } catch (Error e) {
-            say("error");
-            throw new Checked(-4);
-        } finally {
-            say("finally");
-        }
-        say("end");
-    }
-
-    static int recursive(int depth) {
-        try {
-            return depth == 0 ? 1 / depth : recursive(depth - 1) + 1;
-        } catch (ArithmeticException e) {
-            return 100;
-        } finally {
-            say(depth);
-        }
-    }
-
-    static int assigned(boolean good) {
-        int x;
-        try {
-            x = good ? 1 : 1 / (good ? 1 : 0);
-        } catch (ArithmeticException e) {
-            x = 2;
-        }
-        int y, z;
-        try { y = x; } finally { z = 5; }
-        int w;
-        if (y > 0) try { w = 1; } finally { } else w = 2;
-        return x * 1000 + y * 100 + z * 10 + w;
-    }
-
     static Object lock = new Object();
 
     static int locked(int kind) throws Checked {
@@ -318,60 +267,9 @@ public class Main {
         try { { } } finally { { say("4"); } }
     }
 
-    static String read(String text) throws IOException {
-        Reader in = new StringReader(text);
-        StringBuffer b = new StringBuffer();
-        try {
-            int c;
-            while ((c = in.read()) != -1) {
-                if (c == '!') throw new EOFException("bang");
-                b.append((char) c);
-            }
-            return b.toString();
-        } catch (EOFException e) {
-            b.append('?');
-        } finally {
-            in.close();
-        }
-        try {
-            in.read();
-            return "still open";
-        } catch (final IOException e) {
-            return b + "closed";
-        }
-    }
-
-    static void variables() {
-        int a = 1;
-        long b = 2;
-        try {
-            int c = 3;
-            b += c;
-            try {
-                double d = 4;
-                b += d;
-                fail((int) d - 3);
-            } catch (Checked e) {
-                int d = 5;
-                a += d + e.code;
-            } finally {
-                int d = 6, f = 7;
-                b += d * f;
-            }
-            int d = 8;
-            a += d;
-        } finally {
-            String c = "c";
-            a += c.length();
-        }
-        float c = 9;
-        say(a + " " + b + " " + c);
-    }
-
     public static void main(String[] args) throws Exception {
         for (int kind = 0; kind <= 5; kind++) order(kind);
         flush("order");
-        say(returnBeforeFinally());
         say(returnFromFinally());
         say(overriddenReturn(false));
         say(overriddenReturn(true));
@@ -383,21 +281,12 @@ public class Main {
         for (int kind = 0; kind <= 3; kind++) say("-> " + deepReturn(kind));
         flush("deep returns");
         jumps();
-        for (int kind = 0; kind <= 4; kind++)
-            try { rethrow(kind); } catch (Checked e) { say("again " + e.code); } catch (RuntimeException e) { say(e.getMessage()); }
-        flush("rethrow");
-        say(recursive(4));
-        say(assigned(true) + " " + assigned(false));
-        flush("values");
         say(locked(0));
         say(locked(3));
         try { locked(1); } catch (Checked e) { say(e.getMessage()); }
         flush("locked");
         emptyParts();
         flush("empty parts");
-        say(read("text") + " " + read("half!") + " " + read(""));
-        variables();
-        flush("others");
         try {
             throw (Checked) new Special();
         } catch (Special s) {

@@ -156,27 +156,10 @@ public class Main {
         }
     }
 
-    static double sum(double[] v) {
-        double s = 0;
-        for (int i = 0; i < v.length; i++) s += v[i];
-        return s;
-    }
-
-    static double squareRoot(double x) {
-        double guess = x, last;
-        do {
-            last = guess;
-            guess = (guess + x / guess) / 2;
-        } while (guess < last || guess != guess);
-        return last;
-    }
-
     public static void main(String[] args) {
         arithmetic();
         comparisons();
         folding();
         constants();
-        System.out.println(sum(new double[] { 1, 2f, 'c', (byte) -1, 1L << 40, 0.5 }));
-        System.out.println(squareRoot(2) + " " + squareRoot(144) + " " + squareRoot(1e-6) + " " + bits(squareRoot(10)));
     }
 }

@@ -1,6 +1,3 @@
-import java.util.Enumeration;
-import java.util.NoSuchElementException;
-
 interface Shape {
     double UNIT = 1.5;
     String NAME = "shape";
@@ -142,75 +139,6 @@ class Deeper extends Hiding {
     }
 }
 
-/** An abstract class may leave the methods of its interfaces alone; they can be called on it nevertheless. */
-abstract class Steps implements Enumeration, Runnable {
-    int count;
-
-    public void run() {
-        while (hasMoreElements()) {
-            nextElement();
-            count++;
-        }
-    }
-
-    abstract Steps again();
-}
-
-class Downward extends Steps {
-    private final int from;
-    private int at;
-
-    Downward(int from) {
-        at = this.from = from;
-    }
-
-    public boolean hasMoreElements() {
-        return at > 0;
-    }
-
-    public Object nextElement() throws NoSuchElementException {
-        if (at == 0) throw new NoSuchElementException("at the end");
-        return new Integer(at--);
-    }
-
-    Steps again() {
-        return new Downward(from - 1);
-    }
-}
-
-class Copy implements Cloneable {
-    int[] data = { 1, 2, 3 };
-    Copy next;
-
-    public Object clone() {
-        try {
-            Copy c = (Copy) super.clone();
-            c.data = (int[]) data.clone();
-            return c;
-        } catch (CloneNotSupportedException e) {
-            throw new InternalError();
-        }
-    }
-
-    public boolean equals(Object o) {
-        return o instanceof Copy && ((Copy) o).data.length == data.length;
-    }
-
-    public int hashCode() {
-        return data.length;
-    }
-
-    public String toString() {
-        return "Copy[" + data[0] + "]" + (next == null ? "" : "->" + next);
-    }
-}
-
-class NotCloneable {
-    Object tryIt() throws CloneNotSupportedException {
-        return clone();
-    }
-}
-
 public class Main {
     static String kinds(Object o) {
         return (o instanceof Shape ? "shape " : "") + (o instanceof Scalable ? "scalable " : "") + (o instanceof Solid ? "solid " : "")
@@ -240,34 +168,5 @@ public class Main {
         System.out.println(new Deeper().all());
         Hider none = null;
         System.out.println(none.s + " " + none.who());
-
-        Steps steps = new Downward(3);
-        System.out.println(steps.hasMoreElements() + " " + steps.nextElement());
-        steps.run();
-        Enumeration e = steps.again();
-        Runnable r = (Runnable) e;
-        r.run();
-        System.out.println(steps.count + " " + ((Steps) r).count + " " + e.hasMoreElements());
-        try {
-            e.nextElement();
-        } catch (NoSuchElementException x) {
-            System.out.println(x.getMessage());
-        }
-
-        Copy c = new Copy();
-        c.next = new Copy();
-        Copy d = (Copy) c.clone();
-        d.data[0] = 9;
-        c.next.data[0] = 5;
-        System.out.println(c + " " + d + " " + c.equals(d) + " " + c.equals("x") + " " + (c.hashCode() + d.hashCode()) + " " + (c == d));
-        try {
-            new NotCloneable().tryIt();
-        } catch (CloneNotSupportedException x) {
-            System.out.println(x);
-        }
-        Object[] things = { c, "string", new int[0], figures };
-        StringBuffer names = new StringBuffer();
-        for (int i = 0; i < things.length; i++) names.append(things[i].getClass().getName()).append(' ');
-        System.out.println(names);
     }
 }

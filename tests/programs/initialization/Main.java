@@ -55,12 +55,6 @@ public class Main {
         say("Main(int) " + x);
     }
 
-    Main(String s) {
-        super();
-        int local = s.length();
-        say("Main(String) " + local + " d=" + d);
-    }
-
     Main(long l) {
         say("Main(long) c=" + c);
         try {
@@ -77,8 +71,6 @@ public class Main {
         flush("no arguments");
         new Main(7);
         flush("this(...)");
-        new Main("four");
-        flush("string");
         new Main(0L);
         flush("long");
 
@@ -114,15 +106,12 @@ public class Main {
             }
         }
         flush("failing initializer");
-        say(new Defaults().toString());
-        flush("defaults");
         new Virtual();
         flush("virtual call from the constructor");
         say(Blank.A + " " + Blank.B + " " + new Blank(true).c + new Blank(false).c + " " + new Blank("q").c + " " + new Blank(true).list[1]);
         flush("blank finals");
         say("" + SelfReference.total + SelfReference.first + SelfReference.copy + new SelfReference().p);
         flush("self reference");
-        System.out.println(StaticOnly.table.length + StaticOnly.table[3] + " " + StaticOnly.squares[9]);
     }
 }
 
@@ -211,15 +200,6 @@ class Failing {
     }
 }
 
-class Defaults {
-    byte b; short s; char c; int i; long l; float f; double d; boolean z; String t; int[] a;
-    static byte sb; static long sl; static double sd; static Object so;
-
-    public String toString() {
-        return b + "" + s + (int) c + i + l + f + d + z + t + a + sb + sl + sd + so;
-    }
-}
-
 class Virtual {
     final int constant = 5;
     final int computed = "12345".length();
@@ -270,15 +250,4 @@ class SelfReference {
     static int copy;
     static int first = copy++ + SelfReference.copy;
     int p = this.q + 3, q = p + 1;
-}
-
-class StaticOnly {
-    static String[] table = { "a", "b", "c", "d" };
-    static int[] squares;
-
-    static {
-        squares = new int[10];
-        int i = squares.length;
-        while (--i >= 0) squares[i] = i * i;
-    }
 }
