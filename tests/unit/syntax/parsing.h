@@ -45,8 +45,6 @@ StoreRef sourceOf(std::string_view text);
 class ParsedSource {
 public:
     explicit ParsedSource(std::string_view text);
-    /// The trees in the form of `dump`, separated by blanks.
-    [[nodiscard]] std::string text() const;
 
     Context context;
     Arena arena;
@@ -58,16 +56,6 @@ public:
 /// The messages of parsing a source into trees; those of scanning it for dependencies.
 std::string messagesOfParse(std::string_view source);
 std::string messagesOfScan(std::string_view source);
-
-/// The tree as nested lists, with the kind of each node in front: `a + b * c` is "(+ a (* b c))". With `places` each
-/// node is preceded by its place and "@".
-std::string dump(const Tree* tree, bool places = false);
-
-/// The dump of an expression, of the statements of a method's body, of the members of a class C, whose sources begin in
-/// line 2; messages, if there are any, follow after " | ".
-std::string parseExpression(std::string_view source, bool places = false);
-std::string parseStatements(std::string_view source, bool places = false);
-std::string parseMembers(std::string_view source, bool places = false);
 
 /// `count` times `text`.
 std::string repeat(std::string_view text, int count);

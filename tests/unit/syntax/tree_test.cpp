@@ -1,7 +1,5 @@
 #include "syntax/tree.h"
 
-#include "runtime/failure.h"
-#include "semantic/universe.h"
 #include "unit/syntax/parsing.h"
 
 #include <gtest/gtest.h>
@@ -12,111 +10,6 @@ namespace tarn {
 namespace {
 
 using namespace tarn::test;
-
-Name* nameOf(std::string_view text) {
-    return Name::fromString(text);
-}
-
-std::string textOf(const Name* name) {
-    return name != nullptr ? name->toString() : "-";
-}
-
-TEST(TreeTest, ANodeWhoseNameIsMissingIsErroneous) {
-    Arena arena;
-    Name* missing = names().error;
-    Ident ident(1, missing);
-    Select select(1, missing, &ident);
-    VarDef var(1, missing, 0, &ident, nullptr);
-    MethodDef method(arena, 1, treetag::METHODDEF, missing, 0, nullptr, {}, {}, nullptr);
-    for (const NamedTree* tree : {static_cast<NamedTree*>(&ident), static_cast<NamedTree*>(&select),
-                                  static_cast<NamedTree*>(&var), static_cast<NamedTree*>(&method)}) {
-        EXPECT_EQ(tree->tag, treetag::ERRONEOUS);
-        EXPECT_EQ(tree->name, missing);
-    }
-    EXPECT_EQ(Ident(1, nameOf("a")).tag, treetag::IDENT);
-    EXPECT_EQ(MethodDef(arena, 1, treetag::CATCH, nullptr, 0, nullptr, {}, {}, nullptr).tag, treetag::CATCH);
-}
-
-TEST(TreeTest, TheErroneousTreeHasTheErrorTypeAndNothingElse) {
-    Context context;
-    Tree* tree = Tree::erroneous();
-    EXPECT_EQ(tree->attr(nullptr, 0, nullptr), errType);
-    EXPECT_EQ(tree->type, errType);
-    EXPECT_THROW(tree->gen(), InternalError);
-    EXPECT_EQ(tree->fullName(), nullptr);
-    EXPECT_THROW(Tree(1, treetag::BREAK).attr(nullptr, 0, nullptr), InternalError);
-}
-
-TEST(TreeTest, FullNamesAreThoseOfNamesOnly) {
-    Ident a(1, nameOf("a"));
-    Select ab(1, nameOf("b"), &a);
-    Select abc(1, nameOf("c"), &ab);
-    Indexed indexed(1, &ab, &a);
-    Select ofIndexed(1, nameOf("c"), &indexed);
-    Select broken(1, names().error, &a);
-    EXPECT_EQ(textOf(a.fullName()), "a");
-    EXPECT_EQ(textOf(abc.fullName()), "a.b.c");
-    EXPECT_EQ(textOf(ofIndexed.fullName()), "-");
-    EXPECT_EQ(textOf(indexed.fullName()), "-");
-    EXPECT_EQ(textOf(broken.fullName()), "a.<error>");
-}
-
-TEST(TreeTest, BodiesAndBlocksFillInWhatIsMissing) {
-    Arena arena;
-    Break jump(7, nullptr);
-    MethodDef clause(arena, 1, treetag::CATCH, nullptr, 0, nullptr, {}, {}, &jump);
-    ASSERT_NE(clause.body, nullptr);
-    EXPECT_EQ(clause.body->pos, 7);
-    EXPECT_EQ(clause.body->endPos, 7);
-    ASSERT_EQ(clause.body->stats.size(), 1u);
-    EXPECT_EQ(clause.body->stats[0], &jump);
-    MethodDef method(arena, 1, treetag::METHODDEF, nameOf("f"), 0, nullptr, {}, {}, clause.body);
-    EXPECT_EQ(method.body, clause.body);
-    EXPECT_EQ(Block(3, Trees()).endPos, 3);
-
-    Synchronized sync(2, &jump, clause.body, arena.make<Block>(2, Trees()));
-    EXPECT_EQ(sync.tag, treetag::SYNCHRONIZED);
-    EXPECT_TRUE(sync.catchers.empty());
-    EXPECT_EQ(sync.finalizer->tag, treetag::BLOCK);
-}
-
-TEST(TreeTest, AnIdentOfASymbolTakesItsType) {
-    Context context;
-    Ident ident(1, nameOf("int"), context.intType->tsym);
-    EXPECT_EQ(ident.sym, context.intType->tsym);
-    EXPECT_EQ(ident.type, context.intType->tsym->type);
-}
-
-TEST(TreeTest, OperatorNamesOfACompoundAssignmentAreThoseOfItsOperator) {
-    names(); // the first name opens the table, spellings included
-    std::string texts;
-    for (int tag = treetag::OR_OR; tag <= treetag::MOD; tag++) texts += textOf(operatorName(tag)) + " ";
-    EXPECT_EQ(texts, "|| && == != < > <= >= | ^ & << >> >>> + - * / % ");
-    texts.clear();
-    for (int tag = treetag::ASSIGN; tag <= treetag::MOD_ASG; tag++) texts += textOf(operatorName(tag)) + "= ";
-    EXPECT_EQ(texts, "= |= ^= &= <<= >>= >>>= += -= *= /= %= ");
-    texts.clear();
-    for (int tag = treetag::POS; tag <= treetag::POSTDEC; tag++) texts += textOf(operatorName(tag)) + " ";
-    EXPECT_EQ(texts, "+ - ! ~ ++ -- ++ -- ");
-    EXPECT_THROW(operatorName(treetag::TYPECAST), InternalError);
-}
-
-TEST(TreeBuilderTest, ListsAreUsedAgain) {
-    Arena arena;
-    TreeBuilder builder(arena);
-    Tree tree(1, treetag::ERRONEOUS);
-    TreeBuffer* first = builder.newList();
-    TreeBuffer* second = builder.append(builder.newList(), &tree);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(builder.single(first), nullptr);
-    EXPECT_EQ(builder.single(builder.append(builder.append(first, &tree), &tree)), nullptr);
-    EXPECT_EQ(builder.single(second), &tree);
-    EXPECT_EQ(builder.newList(), second);
-    Tree* block = builder.block(1, first);
-    EXPECT_EQ(dynamic_cast<Block&>(*block).stats.size(), 2u);
-    EXPECT_EQ(builder.newList(), first);
-    EXPECT_TRUE(first->empty());
-}
 
 /// What `print` writes for a whole source.
 std::string printed(std::string_view source) {
