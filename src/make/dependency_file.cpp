@@ -98,13 +98,14 @@ void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMa
         printlnProgress("  reading " + store.toString() + " (" + std::string(word) + "stable)");
     }
     bool stable = header.stable == 1 && !forMaking;
-    bool library = decoder.sourceCount() == 0 && stable && isInArchive(&store);
+    bool isOfLibrary = decoder.sourceCount() == 0 && header.writeDate == LIBRARY_DATE && isInArchive(&store);
+    bool isLibrary = isOfLibrary && stable;
     bool isUnchecked = stable && options.nocheckstable;
-    ImportsRead wanted = library ? ImportsRead::NONE : isUnchecked ? ImportsRead::SUPERTYPES : ImportsRead::ALL;
+    ImportsRead wanted = isLibrary ? ImportsRead::NONE : isUnchecked ? ImportsRead::SUPERTYPES : ImportsRead::ALL;
     DependencyRecords records = decoder.records(wanted);
 
     package.stable = stable;
-    package.library = library;
+    package.library = isLibrary;
     package.keepImps = package.keepRefs = wanted == ImportsRead::ALL;
     package.fresh = false;
     package.dateOffset = toQuarterHours(difference(store.date(), header.writeDate));

@@ -10,6 +10,10 @@
 
 namespace tarn {
 
+/// When the dependency files of a class library are said to be written: 1997-01-01 00:00:00. By this they are told from
+/// those of another archive without sources, which says no more of its classes than any other package.
+constexpr Date LIBRARY_DATE = 6248275200;
+
 /// What a dependency file says before its records. docs/dependency-files.md tells the format.
 struct DependencyHeader {
     Name* package = nullptr; ///< dotted; "." for the unnamed package

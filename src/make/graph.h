@@ -139,7 +139,7 @@ struct PackageNode {
     bool found = false;            ///< the last scan came upon a directory of it
     bool root = false;             ///< named on the command line
     bool warnedMissing = false;    ///< the warning of missing sources was given
-    bool library = false;          ///< stable, in an archive, without sources: nothing of it is ever made
+    bool library = false;          ///< a class library, by its file, of which nothing is ever made; stable then
     bool compiledHere = false;     ///< a class of it was compiled in this run
     bool writtenHere = false;      ///< its file was written in this run
     bool relearned = false;        ///< stable, but dates of imports have moved on since its file was written

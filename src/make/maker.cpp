@@ -230,7 +230,7 @@ void Maker::close() {
 
 // ---- libraries
 
-std::vector<Bytes> Maker::describeLibrary(const std::vector<std::string>& names, Date writeDate) {
+std::vector<Bytes> Maker::describeLibrary(const std::vector<std::string>& names) {
     CurrentMake current(context_, reporter_);
     stamp_ += STAMP_STEP;
     base_ = stamp_;
@@ -259,7 +259,7 @@ std::vector<Bytes> Maker::describeLibrary(const std::vector<std::string>& names,
                 import->fprint = imported.fprint;
             }
         }
-        std::span<const std::uint8_t> contents = files_.encode(*package, writeDate);
+        std::span<const std::uint8_t> contents = files_.encode(*package, LIBRARY_DATE);
         files.emplace_back(contents.begin(), contents.end());
     }
     return files;

@@ -70,9 +70,9 @@ public:
     /// Writes the dependency files that are still to be written, and ends the make for good. Failures are reported.
     void close();
 
-    /// The contents of a stable dependency file for each of these packages of the class path, as if written at that
-    /// date, for a library that is never made. Throws IoFailure if a class cannot be read.
-    std::vector<Bytes> describeLibrary(const std::vector<std::string>& packages, Date writeDate);
+    /// The contents of a stable dependency file for each of these packages of the class path, dated LIBRARY_DATE, for a
+    /// library that is never made. Throws IoFailure if a class cannot be read.
+    std::vector<Bytes> describeLibrary(const std::vector<std::string>& packages);
 
     // What the class reader and the generator ask and tell.
 

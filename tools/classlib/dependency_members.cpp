@@ -2,7 +2,6 @@
 
 #include "driver/reporter.h"
 #include "make/maker.h"
-#include "store/file_date.h"
 #include "store/path_list.h"
 
 #include <utility>
@@ -27,7 +26,7 @@ std::vector<ArchiveMember> describePackages(const std::string& archive, const st
     Maker maker(listener);
     maker.setClassPath(parsePathList(archive));
     maker.setReporter(&reporter);
-    std::vector<Bytes> files = maker.describeLibrary(packages, dateOfDosTime(FIXED_DATE));
+    std::vector<Bytes> files = maker.describeLibrary(packages);
     std::vector<ArchiveMember> members;
     for (std::size_t i = 0; i < packages.size(); i++) {
         std::string name = dependencyFileStem(Name::fromString(packages[i])).append(DEPENDENCY_EXTENSION);

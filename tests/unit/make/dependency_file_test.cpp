@@ -235,7 +235,7 @@ TEST_F(DependencyFile, FilesLargerThanTheBufferAreReadWhole) {
 
 TEST_F(DependencyFile, AStablePackageInAnArchiveWithoutSourcesIsALibrary) {
     DependencyBytes library;
-    library.u8(4).name("a.b").u8(1).u64(0).u16(0).u16(1);
+    library.u8(4).name("a.b").u8(1).u64(static_cast<std::uint64_t>(LIBRARY_DATE)).u16(0).u16(1);
     library.name("a.b.C").u64(9).u32(7).name("").u64(0).u16(1).u16(0).u8(0).name("a.D").u8(1).u64(9).u32(8);
     auto text = [](const Bytes& bytes) { return std::string(bytes.begin(), bytes.end()); };
     test::ScratchDirectory directory;
