@@ -29,9 +29,8 @@ class ConstantPool;
 /// A class that comes from `load` needs no `ensureRead`, and neither do its supertypes. Wherever a class is taken from
 /// a type or from the members of another class, `ensureRead` comes before a look at `flags`, `superclass`, `interfaces`
 /// or `members`:
-/// - subtyping (`isSubClass`, `Type::isSubType`, `isCastable`) does so for the class that it starts from; the class
-/// that
-///   is compared with needs it only for its flags, since no class that has been read descends from one that has not;
+/// - subtyping (`isSubClass`, `Type::isSubType`, `isCastable`) does so for the class that it starts from; the other one
+///   needs it only for its flags, since no class that has been read descends from one that has not;
 /// - the search for members (`findField`, `findMethod`, `findMemberType`) and `checkCyclic`, for the class searched;
 /// - `isAccessibleClass`, for the class, and `findMemberType`, for the class found.
 ///
@@ -78,6 +77,8 @@ public:
     /// Told that a class from source has got a lean clone. Does nothing here.
     virtual void classEntered(ClassSymbol* symbol, ClassSymbol* clone);
 
+    /// Puts a placeholder for the class of that simple name into the package's members, unless it has an entry already.
+    void enterPlaceholder(ClassSymbol* package, Name* simpleName);
     /// The symbol of that flat name, which is made if there is none, without asking for its file. Throws ClassNotFound
     /// if a package has the name.
     ClassSymbol* nameClass(Name* flatName);
@@ -108,8 +109,6 @@ protected:
     void renew(ClassSymbol* c);
     /// Gives the symbol back the state of a class that was only mentioned; it is read again before it is used.
     void forget(ClassSymbol* c);
-    /// Puts a placeholder for the class of that simple name into the package's members, unless it has an entry already.
-    void enterPlaceholder(ClassSymbol* package, Name* simpleName);
     /// Puts placeholders for all classes known so far that belong to the package.
     void enterKnownClasses(ClassSymbol* package);
 

@@ -50,6 +50,14 @@ void checkCaptured(int pos, Env* env, VarSymbol* v) {
     v->flags |= flag::CAPTURED; // only now, since a report may end the attribution
 }
 
+/// A use of a final variable, which may be a constant; or an assignment to it, refused or left to the flow analysis.
+void checkFinal(int pos, Env* env, VarSymbol* v, bool isRefused) {
+    if (isRefused)
+        reportError(pos, messages::finalAssigned, v);
+    else
+        recordConstant(env, v);
+}
+
 /// Whether the instance member stands behind a static context.
 bool isOutOfReach(Env* env, const Symbol* sym) {
     ClassSymbol* site = resolve::siteOf(env, sym);
@@ -79,12 +87,7 @@ Type* Ident::attr(Env* env, int pkind, Type* pt) {
         auto* v = static_cast<VarSymbol*>(sym);
         if (isForwardReference(env, v)) reportError(pos, messages::illegalForwardReference);
         evalConst(v);
-        if (v->isFinal()) {
-            if (pkind == VAR && isBlankFinalRefused(env, v))
-                reportError(pos, messages::finalAssigned, v);
-            else
-                recordConstant(env, v);
-        }
+        if (v->isFinal()) checkFinal(pos, env, v, pkind == VAR && isBlankFinalRefused(env, v));
         checkCaptured(pos, env, v);
     }
     recordUse(env, sym, nullptr);
@@ -172,6 +175,26 @@ Symbol* selectInClass(Select* tree, ClassSymbol* site, int pkind, Type* pt, Env*
     return sym;
 }
 
+/// What the name means behind a qualifier of that type. Reports.
+Symbol* selectFrom(Select* tree, Type* site, int pkind, Type* pt, Env* env) {
+    switch (site->tag) {
+    case PACKAGE: {
+        Symbol* sym = selectInPackage(tree, site->tsym, pkind, env);
+        recordUse(env, sym, nullptr);
+        return sym;
+    }
+    case CLASS:
+    case ARRAY: {
+        ClassSymbol* c = site->isConstant() ? context().stringClass : site->tsym;
+        Symbol* sym = selectInClass(tree, c, pkind, pt, env);
+        if (site->tag == CLASS) recordUse(env, sym, site->tsym);
+        return sym;
+    }
+    case NULLTYPE: reportError(tree->pos, messages::nullDereferenced); return errSymbol;
+    default: checkRefType(tree->pos, site); return errSymbol;
+    }
+}
+
 bool isAssignmentRefused(const Select* tree, Env* env, VarSymbol* v) {
     const Tree* selected = tree->selected;
     bool isName = selected->tag == treetag::IDENT || selected->tag == treetag::SELECT;
@@ -191,35 +214,11 @@ Type* Select::attr(Env* env, int pkind, Type* pt) {
         if (!checkKind(pos, VAL, pkind)) return type = errType;
         return type = checkAssignable(pos, sym->type, pt);
     }
-    Type* site = selected->attr(env, qualifierKinds(pkind), anythingType);
-    switch (site->tag) {
-    case PACKAGE:
-        sym = selectInPackage(this, site->tsym, pkind, env);
-        recordUse(env, sym, nullptr);
-        break;
-    case CLASS:
-    case ARRAY:
-        sym = selectInClass(this, site->isConstant() ? context().stringClass : site->tsym, pkind, pt, env);
-        if (site->tag == CLASS) recordUse(env, sym, site->tsym);
-        break;
-    case NULLTYPE:
-        reportError(pos, messages::nullDereferenced);
-        sym = errSymbol;
-        break;
-    default:
-        checkRefType(pos, site);
-        sym = errSymbol;
-        break;
-    }
+    sym = selectFrom(this, selected->attr(env, qualifierKinds(pkind), anythingType), pkind, pt, env);
     if (sym->kind == VAR) {
         auto* v = static_cast<VarSymbol*>(sym);
         evalConst(v);
-        if (v->isFinal()) {
-            if (pkind == VAR && isAssignmentRefused(this, env, v))
-                reportError(pos, messages::finalAssigned, v);
-            else
-                recordConstant(env, v);
-        }
+        if (v->isFinal()) checkFinal(pos, env, v, pkind == VAR && isAssignmentRefused(this, env, v));
     }
     if ((sym->flags & flag::DEPRECATED) != 0) warnDeprecated(pos, sym);
     // What stands in front of the name must still happen, so the value is no constant then.

@@ -83,10 +83,9 @@ std::uint32_t allowedClassFlags(const ClassSymbol* c) {
 
 /// The symbol of a class that is known already (from a class file or an earlier compile) keeps its identity, so that
 /// the types that refer to it stay valid.
-ClassSymbol* takeOver(int pos, ClassSymbol* made, bool& isNew) {
+ClassSymbol* takeOver(int pos, ClassSymbol* made) {
     ClassSymbol* old = context().findClass(made->flatName);
-    isNew = old == nullptr;
-    if (isNew) return made;
+    if (old == nullptr) return context().classes[made->flatName] = made;
     if (old->kind == PCK) {
         reportError(pos, messages::packageAndClassSameName, made->flatName);
         return made;
@@ -133,6 +132,41 @@ void warnOfFileName(ClassDef* tree, ClassSymbol* c, const CompilationUnit* unit)
     reportWarning(tree->pos, messages::publicClassInWrongFile, tree->name, tree->name->toString() + ".java");
 }
 
+/// The symbol of the definition, without members yet; context().classes has it then, unless a package has its name.
+ClassSymbol* makeClass(ClassDef* tree, Name* flatName, const Env* outer) {
+    CompilationUnit* unit = outer->toplevel;
+    ClassSymbol* made = context().newClass(0, flatName, unit->package);
+    made->owner = outer->scope->owner;
+    made->flags = checkFlags(tree->pos, tree->flags, allowedClassFlags(made), true);
+    if (made->owner->kind == TYP && made->owner->isInterface()) {
+        tree->flags |= IMPLIED_IN_INTERFACE;
+        made->flags |= IMPLIED_IN_INTERFACE;
+    }
+    if (outer->isStatic || outer->isSelfCall) made->flags |= flag::STATIC;
+    ClassSymbol* c = takeOver(tree->pos, made);
+    c->superclass = nullptr;
+    c->interfaces = {};
+    c->members = Scope::make(nullptr, c);
+    c->pos = tree->pos;
+    c->sourceFile = Name::fromString(unit->source->name());
+    c->sourcePath = unit->sourcePath();
+    return c;
+}
+
+/// The environment of the members.
+Env* classEnv(ClassDef* tree, ClassSymbol* c, Env* outer) {
+    Env* env = outer->dup(tree, c->members);
+    env->enclClass = tree;
+    env->outer = outer;
+    env->enclMethod = nullptr;
+    env->isStatic = false;
+    env->isSelfCall = false;
+    env->isSelectSuper = false;
+    // An anonymous class's initializers run where it is created, and may throw what is handled there.
+    if (!tree->isAnonymous()) env->handled = nullptr;
+    return env;
+}
+
 } // namespace
 
 void ClassDef::enter(Env* outer) {
@@ -150,44 +184,15 @@ void ClassDef::enter(Env* outer) {
         sym = errSymbol;
         return;
     }
-    ClassSymbol* c = context().newClass(0, flatName, unit->package);
-    c->owner = owner;
-    c->flags = checkFlags(pos, flags, allowedClassFlags(c), true);
-    if (owner->kind == TYP && owner->isInterface()) {
-        flags |= IMPLIED_IN_INTERFACE;
-        c->flags |= IMPLIED_IN_INTERFACE;
-    }
-    if (outer->isStatic || outer->isSelfCall) c->flags |= flag::STATIC;
-    bool isNew = false;
-    c = takeOver(pos, c, isNew);
-    c->superclass = nullptr;
-    c->interfaces = {};
-    c->members = Scope::make(nullptr, c);
-    c->pos = pos;
-    c->sourceFile = Name::fromString(unit->source->name());
-    c->sourcePath = unit->sourcePath();
+    ClassSymbol* c = makeClass(this, flatName, outer);
     warnOfFileName(this, c, unit);
     if (owner->kind == PCK)
         enterTopClass(c, outer);
     else
         enterMemberClass(this, c, outer);
-    if (isNew) context().classes[c->flatName] = c;
-    Scope* packageMembers = unit->package->members;
-    if (packageMembers != nullptr && packageMembers->lookup(c->name)->scope != packageMembers) {
-        ClassSymbol* placeholder = context().newClass(0, c->flatName, unit->package);
-        placeholder->kind = NONE;
-        packageMembers->enter(placeholder);
-    }
+    if (unit->package->members != nullptr) context().classReader->enterPlaceholder(unit->package, c->name);
     sym = c;
-    env = outer->dup(this, c->members);
-    env->enclClass = this;
-    env->outer = outer;
-    env->enclMethod = nullptr;
-    env->isStatic = false;
-    env->isSelfCall = false;
-    env->isSelectSuper = false;
-    // An anonymous class's initializers run where it is created, and may throw what is handled there.
-    if (!isAnonymous()) env->handled = nullptr;
+    env = classEnv(this, c, outer);
     clinit = nullptr;
     for (Tree* def : body->stats) def->enter(env);
     pendingClasses()[c] = this;

@@ -102,12 +102,6 @@ void Scope::setOrder(std::span<Symbol* const> entries) {
     }
 }
 
-void Scope::enterIfAbsent(Symbol* symbol) {
-    for (Symbol* entry = lookup(symbol->name); entry->scope == this; entry = entry->nextEntry())
-        if (entry->sym->kind == symbol->sym->kind) return;
-    enter(symbol);
-}
-
 void Scope::setNext(Scope* superScope) {
     next = superScope;
     if (superScope == nullptr) return;

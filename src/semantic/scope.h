@@ -35,8 +35,6 @@ public:
     void enter(Symbol* symbol);
     /// Lists these of its entries, and no others, in this order, oldest first. What a lookup finds stays as it is.
     void setOrder(std::span<Symbol* const> entries);
-    /// Enters unless this scope itself has an entry of the same name for a symbol of the same kind.
-    void enterIfAbsent(Symbol* symbol);
     /// Lets every bucket continue into that of `superScope` (null: only sets `next`). What is entered into `superScope`
     /// later is seen too: a member class may extend the very class that is still being entered around it.
     void setNext(Scope* superScope);
