@@ -9,6 +9,7 @@
 #include "store/path_list.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace tarn {
@@ -122,6 +123,21 @@ Tree* makeClassInitializer(Arena& arena, ClassDef* tree, Trees statements) {
     return method;
 }
 
+/// The initializers of objects, which several constructors may run. What is wrong with them is told once.
+class Initializers final : public Block {
+public:
+    using Block::Block;
+    Item* gen() override {
+        std::optional<ScopedSuppress> toldAlready;
+        if (wasGenerated_) toldAlready.emplace();
+        wasGenerated_ = true;
+        return Block::gen();
+    }
+
+private:
+    bool wasGenerated_ = false;
+};
+
 } // namespace
 
 void ClassDef::normalizeDefs() {
@@ -148,7 +164,7 @@ void ClassDef::normalizeDefs() {
         }
     }
     if (!initCode.empty()) {
-        Trees shared = arena.copyArray<Tree*>(initCode);
+        auto* shared = arena.make<Initializers>(initCode.front()->pos, arena.copyArray<Tree*>(initCode));
         for (Tree* def : defs)
             if (def->tag == treetag::METHODDEF) static_cast<MethodDef*>(def)->normalizeMethod(shared);
     }

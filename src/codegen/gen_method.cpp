@@ -33,7 +33,7 @@ bool isInitializer(const MethodDef* method) {
 
 } // namespace
 
-void MethodDef::normalizeMethod(Trees initCode) {
+void MethodDef::normalizeMethod(Tree* initializers) {
     if (body == nullptr || body->stats.empty() || !callsSuperConstructor(this)) return;
     Trees old = body->stats;
     std::size_t first = 0;
@@ -43,9 +43,9 @@ void MethodDef::normalizeMethod(Trees initCode) {
     passStores();
     ++first; // the call of the constructor
     passStores();
-    Trees stats = env->toplevel->arena.makeArray<Tree*>(old.size() + initCode.size());
+    Trees stats = env->toplevel->arena.makeArray<Tree*>(old.size() + 1);
     auto end = std::copy_n(old.begin(), first, stats.begin());
-    end = std::copy(initCode.begin(), initCode.end(), end);
+    *end++ = initializers;
     std::copy(old.begin() + static_cast<std::ptrdiff_t>(first), old.end(), end);
     body->stats = stats;
 }

@@ -90,7 +90,8 @@ void Try::genSubroutine(Chain* exit) {
     ++out.subroutineDepth;
     genFinalizerBody();
     --out.subroutineDepth;
-    const Bits* after = out.dupUnset();
+    const Bits* unsetAfter = out.dupUnset();
+    const Bits* setAfter = out.dupSet();
     if (!out.alive) {
         out.cutLeavingJumps(this);
         return;
@@ -98,7 +99,8 @@ void Try::genSubroutine(Chain* exit) {
     out.emitop1w(op::RET, out.registerOf(returnAddress));
     out.markDead();
     out.resolve(exit);
-    out.restoreUnset(*after);
+    out.restoreUnset(*unsetAfter);
+    if (out.alive) out.maybeSet.orSet(*setAfter);
 }
 
 void Try::genFinalizerCall() {

@@ -231,8 +231,8 @@ public:
     void print(int precedence) override;
     [[nodiscard]] MethodSymbol* method() const { return static_cast<MethodSymbol*>(sym); }
 
-    /// Inserts `initCode` behind the super call of a constructor.
-    void normalizeMethod(Trees initCode);
+    /// Inserts the initializers of the class behind the super call of a constructor.
+    void normalizeMethod(Tree* initializers);
     /// Generates the body, with wide jumps if `fatcode`.
     void genMethod(bool fatcode);
     /// Reports what of the final fields an initializer leaves unassigned here.
@@ -482,7 +482,7 @@ public:
     int lockVar = 0; ///< variable index
 };
 
-class Block final : public Tree {
+class Block : public Tree {
 public:
     Block(int pos_, int endPos_, std::uint32_t flags_, Trees stats_)
         : Tree(pos_, treetag::BLOCK), endPos(endPos_), flags(flags_), stats(stats_) {}

@@ -14,10 +14,16 @@ class Finals {
         while (c) y = 1;
         //        ^ error 554: final variable y might already have been assigned to
         while (c) { final int z; z = 1; }
+        final int w;
+        try { f(c, 1); } finally { w = 1; }
+        w = 2;
+      //^ error 554: final variable w might already have been assigned to
         p = 1;
       //^ error 554: final variable p might already have been assigned to
     }
 
+    { int once; if (start > 2) once = 1; start = once; }
+    //                                           ^ error 553: variable once might not have been initialized
     Finals() { field = 1; }
     Finals(boolean c) {
         if (c) field = 1;
