@@ -74,7 +74,9 @@ StoreRef Maker::compileClass(ClassNode& c, int reason, const ImportRecord* impor
     failUnexpected(c);
 }
 
+/// The source has the date that is recorded, but not the classes: the next run scans it.
 void Maker::failUnexpected(const ClassNode& c) {
+    c.source->date = 0;
     ScopedSource here(c.source->store);
     reportError(0, messages::cannotAccess, "class", c.name, "source does not contain expected class");
     throw MakeAbort{};
