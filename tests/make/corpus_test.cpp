@@ -128,7 +128,7 @@ private:
         for (const auto& entry : fs::recursive_directory_iterator(GetParam()))
             if (entry.path().extension() == ".java") packages.insert(packageOf(entry.path()));
         std::map<std::string, std::int32_t> prints;
-        for (const Bytes& file : maker.describeLibrary({packages.begin(), packages.end()}, 1)) collect(file, prints);
+        for (const Bytes& file : maker.describeLibrary({packages.begin(), packages.end()})) collect(file, prints);
         return prints;
     }
 
