@@ -155,31 +155,6 @@ TEST_F(ReaderTest, SkipsUnknownAttributesByTheirLength) {
     EXPECT_EQ(read->flags, 1U | flag::DEPRECATED);
 }
 
-TEST_F(ReaderTest, ListsThrownClassesFromTheLastToTheFirst) {
-    ClassBytes c("C", "java/lang/Object");
-    Bytes thrown = Assembled().u2(2).u2(c.cls("p/First")).u2(c.cls("p/Second")).bytes;
-    c.method(0, "m", "(I)V", {c.attribute("Exceptions", thrown)});
-    put("C", c);
-    EXPECT_EQ(member(load("C"), "m")->type->toString(), "(int) -> void throws p.Second, p.First");
-}
-
-TEST_F(ReaderTest, ReadsSignaturesOfAnyNumberOfArguments) {
-    ClassBytes c("C", "java/lang/Object");
-    c.method(0, "many", "(" + std::string(300, 'I') + ")V");
-    c.method(0, "few", "(IJ)V");
-    put("C", c);
-    ClassSymbol* read = load("C");
-    EXPECT_EQ(member(read, "many")->type->argTypes()->size(), 300U);
-    EXPECT_EQ(member(read, "few")->type->toString(), "(int, long) -> void");
-}
-
-TEST_F(ReaderTest, IgnoresDigitsInArrayTypes) {
-    ClassBytes c("C", "java/lang/Object");
-    c.field(0, "x", "[12[I");
-    put("C", c);
-    EXPECT_EQ(member(load("C"), "x")->type, here.arrayType(here.arrayType(here.intType)));
-}
-
 TEST_F(ReaderTest, RefusesBadSignatures) {
     struct Row {
         const char* descriptor;
@@ -300,11 +275,6 @@ TEST_F(ReaderTest, KeepsThePoolWhenAsked) {
     for (Symbol* entry = pool->buildIndex()->elems; entry != nullptr; entry = entry->sibling)
         if (entry->sym->kind == TYP) classes = entry->sym->fullName()->toString() + " " + classes;
     EXPECT_EQ(classes, "C java.lang.Object p.D p.F p.E p.G ");
-}
-
-TEST_F(ReaderTest, DoesNotKeepThePoolOtherwise) {
-    put("C", ClassBytes("C", "java/lang/Object"));
-    EXPECT_EQ(load("C")->pool, nullptr);
 }
 
 TEST_F(ReaderTest, RefusesPoolEntriesThatReferToTheWrongKind) {

@@ -155,16 +155,6 @@ TEST_F(WriterTest, ListsInnerClassesBehindThoseAroundThem) {
     expectSame(write(c), file);
 }
 
-TEST_F(WriterTest, ListsItsMemberClasses) {
-    ClassSymbol* c = makeClass("C");
-    ClassSymbol* inner = here.newClass(0, Name::fromBytes("C$In"), c);
-    here.innerClasses[inner->flatName] = {.outer = c, .name = Name::fromBytes("In"), .flags = 0};
-    c->members->enter(inner->alias(Name::fromBytes("In")));
-    ClassSymbol* read = readBack(c);
-    EXPECT_EQ(membersOf(read), "In ");
-    EXPECT_EQ(member(read, "In")->fullName()->toString(), "C$In");
-}
-
 TEST_F(WriterTest, WhatItWritesReadsBackTheSame) {
     put("E", ClassBytes("E", "java/lang/Object"));
     ClassSymbol* c = makeClass("C");
@@ -188,51 +178,6 @@ TEST_F(WriterTest, WhatItWritesReadsBackTheSame) {
     EXPECT_EQ(member(read, "a")->type->toString(), "C[][]");
     EXPECT_EQ(member(read, "m")->type->toString(), "() -> void throws java.lang.Object, E");
     EXPECT_EQ(read->sourceFile, nullptr);
-}
-
-TEST_F(WriterTest, SharesEntriesByIdentity) {
-    ClassSymbol* c = makeClass("C");
-    ClassSymbol* i = makeClass("I");
-    i->flags |= flag::INTERFACE;
-    MethodSymbol* called = addMethod(c, 0, "called");
-    MethodSymbol* twin = addMethod(c, 0, "called");
-    MethodSymbol* abstract = addMethod(i, 0, "called");
-    ConstantPool& pool = *c->pool;
-    int first = pool.put(here.stringConstant(typetag::CLASS, Name::fromBytes("abc")));
-    int second = pool.put(here.stringConstant(typetag::CLASS, Name::fromBytes("abc")));
-    EXPECT_NE(first, second);
-    EXPECT_EQ(pool.put(called), pool.put(called));
-    EXPECT_NE(pool.put(called), pool.put(twin));
-    int ofInterface = pool.put(abstract);
-    int wide = pool.put(here.longConstant(typetag::LONG, 1));
-    int array = pool.put(here.arrayType(c->type));
-    EXPECT_EQ(array, wide + 2);
-
-    ConstantPool& read = *readBack(c)->pool;
-    EXPECT_EQ(read.count(), pool.count());
-    auto at = [&](int index) { return read.entries[static_cast<std::size_t>(index)]; };
-    EXPECT_EQ(static_cast<StringConstant*>(at(first))->value, static_cast<StringConstant*>(at(second))->value);
-    EXPECT_EQ(static_cast<Symbol*>(at(ofInterface))->owner->fullName()->toString(), "I");
-    EXPECT_EQ(static_cast<Type*>(at(array))->toString(), "C[]");
-    EXPECT_EQ(at(wide), here.longConstant(typetag::LONG, 1));
-    int texts = 0;
-    int pairs = 0;
-    for (PoolEntry* entry : read.entries) {
-        if (entry == Name::fromBytes("abc")) ++texts;
-        if (entry != nullptr && entry->entryKind() == EntryKind::NAME_AND_TYPE) ++pairs;
-    }
-    EXPECT_EQ(texts, 1);
-    EXPECT_EQ(pairs, 3) << "one for each member";
-    // Told apart by the tag in the file.
-    auto tagOf = [&](const Bytes& file, std::uint32_t owner) {
-        for (std::size_t offset = 10; offset + 2 < file.size(); ++offset)
-            if ((file[offset] == 10 || file[offset] == 11) && (file[offset + 1] << 8 | file[offset + 2]) == int(owner))
-                return int{file[offset]};
-        return 0;
-    };
-    Bytes file = path->lookup("C.class")->read();
-    EXPECT_EQ(tagOf(file, static_cast<std::uint32_t>(i->poolIndex)), 11);
-    EXPECT_EQ(tagOf(file, static_cast<std::uint32_t>(c->poolIndex)), 10);
 }
 
 TEST_F(WriterTest, SortsLocalVariablesByTheirStart) {
@@ -356,24 +301,6 @@ TEST_F(WriterTest, RefusesWhatTheFormatCannotCount) {
     }
     // The writer is none the worse for it.
     EXPECT_EQ(failureToWrite(makeClass("C")), "written");
-}
-
-// ---- the pool by itself
-
-TEST_F(WriterTest, AnEntryFromAnotherPoolGetsANewIndex) {
-    ConstantPool one;
-    ConstantPool other;
-    Name* a = Name::fromBytes("poolA");
-    Name* b = Name::fromBytes("poolB");
-    EXPECT_EQ(one.put(a), 1);
-    EXPECT_EQ(one.put(a), 1);
-    EXPECT_EQ(one.put(b), 2);
-    EXPECT_EQ(other.put(b), 1);
-    EXPECT_EQ(other.put(a), 2);
-    EXPECT_EQ(other.indexOf(a), 2);
-    EXPECT_EQ(other.put(here.doubleConstant(typetag::DOUBLE, 2)), 3);
-    EXPECT_EQ(other.put(here.intConstant(typetag::INT, 2)), 5);
-    EXPECT_EQ(other.count(), 6);
 }
 
 } // namespace

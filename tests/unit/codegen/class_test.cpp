@@ -17,28 +17,6 @@ using testing::ElementsAre;
 
 using ClassTest = PipelineTest;
 
-TEST_F(ClassTest, InitializersStandBehindTheSuperCall) {
-    auto methods = methodsOf("int a = 1; static int h() { return 0; } { h(); } int b; A() { b = 2; }");
-    EXPECT_EQ(methods["<init>"].code,
-              SUPER "aload_0, iconst_1, putfield A.a:I, invokestatic A.h:()I, pop, aload_0, iconst_2, putfield A.b:I, "
-                    "return");
-    methods = methodsOf("int a = 1; A() { this(3); } A(int x) { a = x; }");
-    EXPECT_EQ(methods["<init>"].code,
-              SUPER "aload_0, iconst_1, putfield A.a:I, aload_0, iload_1, putfield A.a:I, return");
-}
-
-TEST_F(ClassTest, ConstructorThatCallsAnotherLeavesTheInitializersToIt) {
-    auto methods = methodsOf("int a = 1; A(int x) { } A() { this(3); }");
-    EXPECT_EQ(methods["<init>"].code, "aload_0, iconst_3, invokespecial A.<init>:(I)V, return"); // the last one
-}
-
-TEST_F(ClassTest, StaticInitializersBecomeTheLastMethod) {
-    auto methods = methodsOf("static int a = 1; static { a = 2; } static int b = a; void f() { } int c;");
-    EXPECT_EQ(methods["<clinit>"].code, "iconst_1, putstatic A.a:I, iconst_2, putstatic A.a:I, getstatic A.a:I, "
-                                        "putstatic A.b:I, return");
-    EXPECT_THAT(methodNames(output("A.class")->read()), ElementsAre("<init>", "f", "<clinit>"));
-}
-
 TEST_F(ClassTest, ConstantsNeedCodeOnlyInObjects) {
     auto methods = methodsOf("static final int a = 1; static final String s = \"x\"; final long b = 2; int c;");
     EXPECT_EQ(methods.count("<clinit>"), 0U);
@@ -54,12 +32,6 @@ TEST_F(ClassTest, ClassWithAFaultGetsNoFileAndItsOtherMethodsAreStillChecked) {
     EXPECT_THAT(reporter.said,
                 ElementsAre("2:11 method does not return a value", "3:19 variable x might not have been initialized"));
     EXPECT_EQ(output("A.class"), nullptr);
-}
-
-TEST_F(ClassTest, FileGoesBelowTheOutputDirectoryByItsPackage) {
-    compile("C", "package a.b; class C { } class D { }");
-    EXPECT_NE(output("a/b/C.class"), nullptr);
-    EXPECT_NE(output("a/b/D.class"), nullptr);
 }
 
 TEST_F(ClassTest, WhatOutgrowsAClassFileIsReported) {

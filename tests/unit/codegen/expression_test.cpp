@@ -36,100 +36,6 @@ protected:
 #define OBJECT "Ljava/lang/Object;"
 #define CONCAT "invokevirtual java/lang/String.concat:(Ljava/lang/String;)Ljava/lang/String;"
 
-TEST_F(ExpressionTest, AssignmentsCopyOnlyAValueThatIsWanted) {
-    const Row rows[] = {
-        {"static void m(int x) { x = 1; }", "iconst_1, istore_0, return"},
-        {"static void m(int x, int y) { y = x = 1; }", "iconst_1, dup, istore_0, istore_1, return"},
-        {"static int m() { return s = 2; }", "iconst_2, dup, putstatic A.s:I, ireturn"},
-        {"static long m() { return sl = 1; }", "lconst_1, dup2, putstatic A.sl:J, lreturn"},
-        {"static int m(A o) { return o.f = 3; }", "aload_0, iconst_3, dup_x1, putfield A.f:I, ireturn"},
-        {"static long m(A o) { return o.l = 0; }", "aload_0, lconst_0, dup2_x1, putfield A.l:J, lreturn"},
-        {"static int m(int[] a, int i) { return a[i] = 4; }", "aload_0, iload_1, iconst_4, dup_x2, iastore, ireturn"},
-        {"static long m(long[] a) { return a[0] = 1; }", "aload_0, iconst_0, lconst_1, dup2_x2, lastore, lreturn"},
-        {"void m() { f = 1; this.f = 2; }",
-         "aload_0, iconst_1, putfield A.f:I, aload_0, iconst_2, putfield A.f:I, return"},
-    };
-    expect(rows);
-}
-
-TEST_F(ExpressionTest, StepsUseIincOnIntLocalsOnly) {
-    const Row rows[] = {
-        {"static void m(int x) { x++; --x; }", "iinc 0 1, iinc 0 -1, return"},
-        {"static int m(int x) { return x++; }", "iload_0, iinc 0 1, ireturn"},
-        {"static int m(int x) { return --x; }", "iinc 0 -1, iload_0, ireturn"},
-        {"static void m(byte b) { b++; }", "iload_0, iconst_1, iadd, i2b, istore_0, return"},
-        {"static char m(char c) { return c--; }", "iload_0, dup, iconst_1, isub, i2c, istore_0, ireturn"},
-        {"static long m(long x) { return x++; }", "lload_0, dup2, lconst_1, ladd, lstore_0, lreturn"},
-        {"static double m(double x) { return ++x; }", "dload_0, dconst_1, dadd, dup2, dstore_0, dreturn"},
-        {"static void m(float x) { x--; }", "fload_0, fconst_1, fsub, fstore_0, return"},
-        {"static void m() { s++; }", "getstatic A.s:I, iconst_1, iadd, putstatic A.s:I, return"},
-        {"static long m() { return sl--; }", "getstatic A.sl:J, dup2, lconst_1, lsub, putstatic A.sl:J, lreturn"},
-        {"static int m(A o) { return o.f++; }",
-         "aload_0, dup, getfield A.f:I, dup_x1, iconst_1, iadd, putfield A.f:I, ireturn"},
-        {"static long m(A o) { return ++o.l; }",
-         "aload_0, dup, getfield A.l:J, lconst_1, ladd, dup2_x1, putfield A.l:J, lreturn"},
-        {"static void m(int[] a, int i) { a[i]++; }",
-         "aload_0, iload_1, dup2, iaload, iconst_1, iadd, iastore, return"},
-        {"static short m(short[] a, int i) { return a[i]--; }",
-         "aload_0, iload_1, dup2, saload, dup_x2, iconst_1, isub, i2s, sastore, ireturn"},
-    };
-    expect(rows);
-}
-
-TEST_F(ExpressionTest, CompoundAssignmentsConvertBack) {
-    const Row rows[] = {
-        {"static void m(int x) { x += 100; x -= 128; x += 'a'; }", "iinc 0 100, iinc 0 -128, iinc 0 97, return"},
-        {"static void m(int x) { x += 200; }", "iload_0, sipush 200, iadd, istore_0, return"},
-        {"static void m(int x) { x -= -128; }", "iload_0, bipush -128, isub, istore_0, return"},
-        {"static void m(int x, int y) { x += y; }", "iload_0, iload_1, iadd, istore_0, return"},
-        {"static void m(byte b) { b += 1; }", "iload_0, iconst_1, iadd, i2b, istore_0, return"},
-        {"static void m(byte b) { b += 1.5; }", "iload_0, i2d, ldc2_w 1.5d, dadd, d2i, i2b, istore_0, return"},
-        {"static void m(char c, long x) { c <<= x; }", "iload_0, lload_1, l2i, ishl, i2c, istore_0, return"},
-        {"static void m(long x, int n) { x >>>= n; }", "lload_0, iload_2, lushr, lstore_0, return"},
-        {"static void m(boolean a, boolean b) { a &= b; }", "iload_0, iload_1, iand, istore_0, return"},
-        {"static int m(int[] a) { return a[0] *= 3; }",
-         "aload_0, iconst_0, dup2, iaload, iconst_3, imul, dup_x2, iastore, ireturn"},
-    };
-    expect(rows);
-}
-
-TEST_F(ExpressionTest, OperandsArePromotedToTheWiderOne) {
-    const Row rows[] = {
-        {"static long m(int x, long y) { return x + y; }", "iload_0, i2l, lload_1, ladd, lreturn"},
-        {"static double m(long x, float y) { return x * y; }", "lload_0, l2f, fload_2, fmul, f2d, dreturn"},
-        {"static long m(long x, long y) { return x << y; }", "lload_0, lload_2, l2i, lshl, lreturn"},
-        {"static int m(byte x, long y) { return x >> y; }", "iload_0, lload_1, l2i, ishr, ireturn"},
-        {"static int m(int x) { return ~x + -x + +x; }",
-         "iload_0, iconst_m1, ixor, iload_0, ineg, iadd, iload_0, iadd, ireturn"},
-        {"static long m(long x) { return ~x; }", "lload_0, lconst_0, lconst_1, lsub, lxor, lreturn"},
-        {"static byte m(long x) { return (byte) x; }", "lload_0, l2i, i2b, ireturn"},
-        {"static int m() { return (byte) 200; }", "bipush -56, ireturn"},
-        {"static float m() { return 2; }", "fconst_2, freturn"},
-        {"static Object m(String t) { return (Object) t; }", "aload_0, areturn"},
-        {"static String m(Object o) { return (String) o; }", "aload_0, checkcast java/lang/String, areturn"},
-        {"static boolean m(Object o) { return o instanceof int[]; }", "aload_0, instanceof [I, ireturn"},
-    };
-    expect(rows);
-}
-
-TEST_F(ExpressionTest, ComparisonsJumpWithoutShortForms) {
-    const Row rows[] = {
-        {"static boolean m(int x) { return x == 0; }",
-         "iload_0, iconst_0, if_icmpne 9, iconst_1, goto 10, iconst_0, ireturn"},
-        {"static boolean m(Object o) { return o != null; }",
-         "aload_0, aconst_null, if_acmpeq 9, iconst_1, goto 10, iconst_0, ireturn"},
-        {"static boolean m(float x, float y) { return x < y; }",
-         "fload_0, fload_1, fcmpg, ifge 10, iconst_1, goto 11, iconst_0, ireturn"},
-        {"static boolean m(double x, double y) { return x > y; }",
-         "dload_0, dload_2, dcmpl, ifle 10, iconst_1, goto 11, iconst_0, ireturn"},
-        {"static boolean m(long x, int y) { return x >= y; }",
-         "lload_0, iload_2, i2l, lcmp, iflt 11, iconst_1, goto 12, iconst_0, ireturn"},
-        {"static boolean m(boolean x, boolean y) { return x != y; }",
-         "iload_0, iload_1, if_icmpeq 9, iconst_1, goto 10, iconst_0, ireturn"},
-    };
-    expect(rows);
-}
-
 TEST_F(ExpressionTest, ConditionsBecomeJumpsAndNoBooleans) {
     const Row rows[] = {
         {"static boolean m(boolean a, boolean b) { return !(a && b); }",
@@ -175,46 +81,12 @@ TEST_F(ExpressionTest, StringsAreJoinedByValueOfAndConcat) {
     expect(rows);
 }
 
-TEST_F(ExpressionTest, CallsAreBoundByTheKindOfTheirTarget) {
-    const Row rows[] = {
-        {"static void m(A o) { o.own(); }", "aload_0, invokespecial A.own:()V, return"},
-        {"String m() { return super.toString(); }",
-         "aload_0, invokespecial java/lang/Object.toString:()Ljava/lang/String;, areturn"},
-        {"String m() { return toString(); }",
-         "aload_0, invokevirtual java/lang/Object.toString:()Ljava/lang/String;, areturn"},
-        {"static void m(Runner r) { r.run('a', 2); }",
-         "aload_0, bipush 97, ldc2_w 2L, invokeinterface Runner.run:(IJ)V 4 0, return"},
-        {"static void m() { a().h(); }", "invokestatic A.a:()LA;, pop, invokestatic A.h:()V, return"},
-        {"static void m(A[] a) { a[0].h(); }", "aload_0, iconst_0, aaload, pop, invokestatic A.h:()V, return"},
-        {"static void m() { g(); }", "invokestatic A.g:()I, pop, return"},
-        {"static Object m() { return new A(); }", "new A, dup, invokespecial A.<init>:()V, areturn"},
-    };
-    expect(rows);
-}
-
 TEST_F(ExpressionTest, ConstantsBehindAnExpressionAreStillReadThroughIt) {
     const Row rows[] = {
         {"static int m() { return a().CONST; }", "invokestatic A.a:()LA;, pop, bipush 7, ireturn"},
         {"static int m() { return A.CONST + 1; }", "bipush 8, ireturn"},
         {"int m() { return this.instance; }", "bipush 8, ireturn"},
         {"static int m(A o) { return o.CONST; }", "bipush 7, ireturn"},
-    };
-    expect(rows);
-}
-
-TEST_F(ExpressionTest, ArraysAreMadeByWhatTheirElementsAre) {
-    const Row rows[] = {
-        {"static Object m() { return new int[3][4]; }", "iconst_3, iconst_4, multianewarray [[I 2, areturn"},
-        {"static Object m() { return new int[3][]; }", "iconst_3, anewarray [I, areturn"},
-        {"static Object m() { return new int[3][4][]; }", "iconst_3, iconst_4, multianewarray [[[I 2, areturn"},
-        {"static Object m(int n) { return new char[n]; }", "iload_0, newarray 5, areturn"},
-        {"static Object m() { return new String[2]; }", "iconst_2, anewarray java/lang/String, areturn"},
-        {"static Object m() { return new int[] { 0, 9 }; }",
-         "iconst_2, newarray 10, dup, iconst_0, iconst_0, iastore, dup, iconst_1, bipush 9, iastore, areturn"},
-        {"static Object m(long x) { double[][] d = { { x } }; return d; }",
-         "iconst_1, anewarray [D, dup, iconst_0, iconst_1, newarray 7, dup, iconst_0, lload_0, l2d, dastore, aastore, "
-         "astore_2, aload_2, areturn"},
-        {"static int m(int[] a) { return a.length; }", "aload_0, arraylength, ireturn"},
     };
     expect(rows);
 }

@@ -39,19 +39,6 @@ TEST_F(LoweringTest, LoweredTreesArePrintedOnDemand) {
 
 #define SUPER "aload_0, invokespecial java/lang/Object.<init>:()V, "
 
-TEST_F(LoweringTest, InnerClassKeepsTheEnclosingInstance) {
-    compileFine("class A { int x; class B { int f() { return x; } } }");
-    ClassOutline b = outlineOf("A$B");
-    EXPECT_EQ(b.flags, "");
-    EXPECT_THAT(b.fields, ElementsAre("final synthetic this0:LA;"));
-    EXPECT_THAT(b.methods, ElementsAre("<init>:(LA;)V", "f:()I"));
-    EXPECT_THAT(b.innerClasses, ElementsAre("A$B=A.B"));
-    EXPECT_EQ(code("A$B", "<init>"), SUPER "aload_0, aload_1, putfield A$B.this0:LA;, return");
-    EXPECT_EQ(code("A$B", "f"), "aload_0, getfield A$B.this0:LA;, getfield A.x:I, ireturn");
-    EXPECT_THAT(outlineOf("A").methods, ElementsAre("<init>:()V"));
-    EXPECT_THAT(outlineOf("A").innerClasses, ElementsAre("A$B=A.B"));
-}
-
 TEST_F(LoweringTest, AccessMethodsAreNumberedByFirstUseAndNamedByOperation) {
     compileFine("class A { private int x; private static long y; private void m(int i, Object o) { }\n"
                 "class B { int f() { m(1, null); y = 2; x = 1; x += 1; x++; int i = x++; i = --x; return x; } } }");
@@ -87,16 +74,6 @@ TEST_F(LoweringTest, AccessMethodsTakeWhatTheOperationNeeds) {
                             "final synthetic access$156:(I)B"));
 }
 
-TEST_F(LoweringTest, CompoundAssignmentsReadTheFieldBeforeWhatMayChangeIt) {
-    compileFine("class A { private long x; static private int y; int f() { return 1; }\n"
-                "class B { void f() { x += A.this.f(); } int g() { return y *= A.this.f(); } } }");
-    EXPECT_EQ(code("A$B", "f"), "aload_0, getfield A$B.this0:LA;, dup, invokevirtual A.access$171:()J, aload_0, "
-                                "getfield A$B.this0:LA;, invokevirtual A.f:()I, i2l, ladd, invokevirtual "
-                                "A.access$149:(J)J, pop2, return");
-    EXPECT_EQ(code("A$B", "g"), "invokestatic A.access$271:()I, aload_0, getfield A$B.this0:LA;, invokevirtual "
-                                "A.f:()I, imul, dup, invokestatic A.access$249:(I)I, pop, ireturn");
-}
-
 TEST_F(LoweringTest, CapturedVariablesComeFirst) {
     compileFine("class A { void m(final int n, final String s) {\n"
                 "class L { int k = 5; L(int own) { k += n; } String f() { return s; } int g() { return n; } }\n"
@@ -113,60 +90,6 @@ TEST_F(LoweringTest, CapturedVariablesComeFirst) {
                     "putfield A$1$L.k:I, return");
     EXPECT_EQ(code("A", "m"), "new A$1$L, dup, iload_1, aload_2, aload_0, iconst_3, invokespecial "
                               "A$1$L.<init>:(ILjava/lang/String;LA;I)V, pop, return");
-}
-
-TEST_F(LoweringTest, OnlyTheOutermostLocalClassHoldsACopy) {
-    compileFine("class A { static void m(final int n) { class L { class M { int f() { return n; } } } } }");
-    EXPECT_THAT(outlineOf("A$1$L").fields, ElementsAre("final synthetic val$n:I"));
-    EXPECT_THAT(outlineOf("A$1$L").methods, ElementsAre("<init>:(I)V"));
-    EXPECT_THAT(outlineOf("A$1$L$M").fields, ElementsAre("final synthetic this0:LA$1$L;"));
-    EXPECT_EQ(code("A$1$L$M", "f"), "aload_0, getfield A$1$L$M.this0:LA$1$L;, getfield A$1$L.val$n:I, ireturn");
-}
-
-TEST_F(LoweringTest, ConstantsAreCapturedButStayConstants) {
-    compileFine("class A { private static final int K = 2; void m() { final int n = 3;\n"
-                "new Object() { int f(int i) { switch (i) { case n: return n + K; default: return K; } } }; } }");
-    EXPECT_THAT(outlineOf("A$1").fields, ElementsAre("final synthetic val$n:I", "final synthetic this0:LA;"));
-    EXPECT_EQ(code("A$1", "f"), "iload_1, lookupswitch default=22 3=20, iconst_5, ireturn, iconst_2, ireturn");
-    EXPECT_THAT(outlineOf("A").methods, ElementsAre("<init>:()V", "m:()V"));
-}
-
-TEST_F(LoweringTest, ClassThatCreatesAnotherGetsWhatThatOneCaptures) {
-    compileFine("class A { static void m(final int a, final int b) {\n"
-                "class First { int f() { return a; } }\n"
-                "class Second { Object f() { return new First(); } int g() { return b; } }\n"
-                "class Third { Object f() { return new Second(); } }\n"
-                "new Third(); } }");
-    EXPECT_THAT(outlineOf("A$2$Second").fields, ElementsAre("final synthetic val$b:I", "final synthetic val$a:I"));
-    EXPECT_THAT(outlineOf("A$3$Third").fields, ElementsAre("final synthetic val$b:I", "final synthetic val$a:I"));
-    EXPECT_EQ(code("A$3$Third", "f"), "new A$2$Second, dup, aload_0, getfield A$3$Third.val$b:I, aload_0, getfield "
-                                      "A$3$Third.val$a:I, invokespecial A$2$Second.<init>:(II)V, areturn");
-    EXPECT_EQ(code("A", "m"),
-              "new A$3$Third, dup, iload_1, iload_0, invokespecial A$3$Third.<init>:(II)V, pop, return");
-}
-
-TEST_F(LoweringTest, ConstructorCallsPassParameters) {
-    compileFine("class A { void m(final int n) { class L { L() { this(n); } L(int i) { } }\n"
-                "class S extends L { S() { super(n); } } } }");
-    EXPECT_THAT(code("A$1$L", "<init>"), testing::StartsWith(SUPER)); // the second
-    EXPECT_EQ(code("A$2$S", "<init>"), "aload_0, iload_1, aload_2, iload_1, invokespecial A$1$L.<init>:(ILA;I)V, "
-                                       "aload_0, iload_1, putfield A$2$S.val$n:I, aload_0, aload_2, putfield "
-                                       "A$2$S.this0:LA;, return");
-}
-
-TEST_F(LoweringTest, GivenOuterInstancesAreTheFirstArgument) {
-    compileFine("class A { class B { } class C extends B { C(A a, int i) { a.super(); } }\n"
-                "static Object f(A a) { return a.new B(); } static Object g(A a) { return a.new B() { }; }\n"
-                "Object h() { return this.new B(); } }");
-    // It is tested for null on the way, once, and not if it is `this`.
-    const std::string test = "dup, invokevirtual java/lang/Object.getClass:()Ljava/lang/Class;, pop, ";
-    EXPECT_EQ(code("A$C", "<init>"), "aload_0, aload_2, " + test +
-                                         "invokespecial A$B.<init>:(LA;)V, aload_0, aload_1, putfield "
-                                         "A$C.this0:LA;, return");
-    EXPECT_EQ(code("A", "f"), "new A$B, dup, aload_0, " + test + "invokespecial A$B.<init>:(LA;)V, areturn");
-    EXPECT_EQ(code("A", "g"), "new A$1, dup, aload_0, " + test + "invokespecial A$1.<init>:(LA;)V, areturn");
-    EXPECT_EQ(code("A", "h"), "new A$B, dup, aload_0, invokespecial A$B.<init>:(LA;)V, areturn");
-    EXPECT_EQ(code("A$1", "<init>"), "aload_0, aload_1, invokespecial A$B.<init>:(LA;)V, return");
 }
 
 TEST_F(LoweringTest, FlagsOfClassesAndConstructors) {

@@ -36,41 +36,6 @@ protected:
 #define P "invokestatic A.p:()Z"
 #define G "invokestatic A.g:()I"
 
-TEST_F(StatementTest, IfJumpsAroundWhatIsNotTaken) {
-    const Row rows[] = {
-        {"static void m(boolean c) { if (c) h(); else g(); }", "iload_0, ifeq 10, " H ", goto 14, " G ", pop, return"},
-        {"static void m(boolean c) { if (c) return; else h(); }", "iload_0, ifeq 5, return, " H ", return"},
-        {"static void m(boolean c) { if (c) { } else { } }", "iload_0, ifeq 4, return"},
-        {"static void m(boolean c) { if (c) h(); }", "iload_0, ifeq 7, " H ", return"},
-        {"static void m() { if (true) h(); else g(); }", H ", return"},
-        {"static void m() { if (false) h(); else g(); }", G ", pop, return"},
-        {"static void m() { if (false) h(); }", "return"},
-        {"static int m(boolean c) { if (c) return 1; return 2; }",
-         "iload_0, ifeq 6, iconst_1, ireturn, iconst_2, ireturn"},
-    };
-    expect(rows);
-}
-
-TEST_F(StatementTest, LoopsTestAtTheTopAndJumpBack) {
-    const Row rows[] = {
-        {"static void m() { while (p()) h(); }", P ", ifeq 12, " H ", goto 0, return"},
-        {"static void m() { do h(); while (p()); }", H ", " P ", ifne 0, return"},
-        {"static void m() { do h(); while (true); }", H ", goto 0"},
-        {"static void m() { do h(); while (false); }", H ", return"},
-        {"static void m() { for (int i = 0; i < 3; i++) h(); }",
-         "iconst_0, istore_0, iload_0, iconst_3, if_icmpge 16, " H ", iinc 0 1, goto 2, return"},
-        {"static void m() { for (;;) { if (p()) break; h(); } }", P ", ifeq 9, goto 15, " H ", goto 0, return"},
-        {"static void m() { while (p()) { if (p()) continue; h(); } }",
-         P ", ifeq 21, " P ", ifeq 15, goto 18, " H ", goto 0, return"},
-        {"static void m() { for (;;) { } }", "goto 0"},
-        {"static void m() { while (false) h(); }", "return"},
-        {"static void m() { a: for (;;) { for (;;) { if (p()) continue a; break a; } } }",
-         P ", ifeq 9, goto 12, goto 15, goto 0, return"},
-        {"static void m() { a: { if (p()) break a; h(); } }", P ", ifeq 9, goto 12, " H ", return"},
-    };
-    expect(rows);
-}
-
 TEST_F(StatementTest, SwitchTakesTheTableWhereItIsDense) {
     const Row rows[] = {
         {"static void m(int x) { switch (x) { case 1: h(); break; case 2: case 3: g(); } }",
@@ -90,19 +55,6 @@ TEST_F(StatementTest, SwitchTakesTheTableWhereItIsDense) {
         {"static void m() { switch (g()) { default: if (p()) break; h(); } }",
          G ", pop, " P ", ifeq 13, goto 16, " H ", return"},
         {"static void m() { switch (g()) { default: h(); break; } }", G ", pop, " H ", return"},
-    };
-    expect(rows);
-}
-
-TEST_F(StatementTest, CatchClausesProtectTheBodyOnly) {
-    const Row rows[] = {
-        {"static void m() { try { h(); } catch (RuntimeException e) { g(); } }",
-         H ", goto 11, astore_0, " G ", pop, return", "0-3 6 java/lang/RuntimeException"},
-        {"static void m() { try { h(); } catch (RuntimeException e) { g(); } catch (Error e) { throw e; } }",
-         H ", goto 17, astore_0, " G ", pop, goto 17, astore_0, aload_0, athrow, return",
-         "0-3 6 java/lang/RuntimeException, 0-3 14 java/lang/Error"},
-        // an empty body throws nothing, but its clause is still there
-        {"static void m() { try { } catch (Error e) { h(); } }", "goto 7, astore_0, " H ", return"},
     };
     expect(rows);
 }
@@ -148,29 +100,6 @@ TEST_F(StatementTest, JumpsCallTheSubroutinesThatTheyLeave) {
            "jsr 40, goto 47, astore_2, jsr 40, aload_2, athrow, astore_3, " G ", pop, ret 3, "
            "ret 1, goto 0, return",
          "0-9 9 any, 16-25 34 any, 28-34 34 any"},
-    };
-    expect(rows);
-}
-
-TEST_F(StatementTest, SynchronizedLeavesTheMonitorInASubroutine) {
-    const Row rows[] = {
-        {"static void m(Object o) { synchronized (o) { h(); } }",
-         "aload_0, astore_1, aload_1, monitorenter, " H
-         ", jsr 19, goto 24, astore_2, jsr 19, aload_2, athrow, astore_3, aload_1, monitorexit, ret 3, return",
-         "4-13 13 any"},
-        {"static int m(Object o) { synchronized (o) { return 5; } }",
-         "aload_0, astore_1, aload_1, monitorenter, iconst_5, istore_2, jsr 17, iload_2, ireturn, "
-         "astore_3, jsr 17, aload_3, athrow, astore 4, aload_1, monitorexit, ret 4",
-         "4-11 11 any"},
-    };
-    expect(rows);
-}
-
-TEST_F(StatementTest, VariablesOfConstantTypeTakeARegisterAndNoCode) {
-    const Row rows[] = {
-        {"static int m() { final int k = 3; int x = k + 1; return x; }", "iconst_4, istore_1, iload_1, ireturn"},
-        {"static void m() { { int a = 1; } int b = 2; long c; int d = 3; }",
-         "iconst_1, istore_0, iconst_2, istore_0, iconst_3, istore_3, return"},
     };
     expect(rows);
 }

@@ -76,10 +76,6 @@ TEST_F(ReporterTest, ShowsTheLineAndACaretBelowTheColumn) {
         EXPECT_EQ(shown(row.text, row.position), row.shown) << row.text << " at " << row.position;
 }
 
-TEST_F(ReporterTest, ShowsADecodedLineAsTheScannerSeesIt) {
-    EXPECT_EQ(shown("\xC3\xA9 #", at(1, 8), "UTF8"), "\\u00e9 #\n       ^\n");
-}
-
 TEST_F(ReporterTest, LeavesOutTheLineOfAFileThatCannotBeShown) {
     EXPECT_EQ(shown("\xFF\xFF\xFF #", at(1, 8), "UTF8"), "");
     EXPECT_EQ(shown("#", at(1, 1), "no such encoding"), "");
@@ -131,18 +127,6 @@ TEST_F(ReporterTest, StopsAfterAHundredErrorsAndAHundredWarnings) {
     EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 200);
 }
 
-TEST_F(ReporterTest, NowarnDropsWarningsUncounted) {
-    CapturedOutput output;
-    Options options;
-    options.nowarn = true;
-    currentOptions = &options;
-    reportWarning(0, messages::deprecationNote);
-    reportError(0, messages::outOfMemory);
-    currentOptions = nullptr;
-    EXPECT_EQ(output.text(), "error #900: out of memory\n");
-    EXPECT_EQ(reporter_.warningCount(), 0);
-}
-
 TEST_F(ReporterTest, SuppressionLastsForItsScopeAndEndsWithAnotherReporter) {
     CapturedOutput output;
     {
@@ -160,39 +144,6 @@ TEST_F(ReporterTest, SuppressionLastsForItsScopeAndEndsWithAnotherReporter) {
     EXPECT_EQ(currentSource(), nullptr);
     reportError(0, messages::outOfMemory);
     EXPECT_EQ(reporter_.errorCount(), 1);
-}
-
-TEST_F(ReporterTest, SourcesNest) {
-    StoreRef outer = fileOf("outer");
-    StoreRef inner = fileOf("inner");
-    EXPECT_EQ(setSource(outer), nullptr);
-    {
-        ScopedSource scoped(inner);
-        EXPECT_EQ(currentSource(), inner);
-    }
-    EXPECT_EQ(setSource(nullptr), outer);
-}
-
-TEST_F(ReporterTest, SilentReporterOnlyCounts) {
-    CapturedOutput output;
-    SilentReporter silent;
-    setReporter(&silent);
-    reportError(at(1, 1), messages::illegalCharacter);
-    reportWarning(0, messages::deprecationNote);
-    printlnProgress("[parsing A.java]");
-    EXPECT_EQ(output.text(), "");
-    EXPECT_EQ(silent.errorCount(), 1);
-    EXPECT_EQ(silent.warningCount(), 1);
-}
-
-TEST_F(ReporterTest, ArgumentsOfAllKindsFillTheirPlaceholders) {
-    CapturedOutput output;
-    const std::string inString = "()";
-    reportError(0, messages::ambiguousReference, Name::fromString("m"), "method m", inString, std::string("method n"),
-                std::string_view("(int)"));
-    reportError(0, messages::cannotBeOverridden, "a", "()", "static", "b", "(int)");
-    EXPECT_EQ(output.text(), "error #304: reference to m is ambiguous; both method m() and method n(int) match\n"
-                             "error #455: static b(int) cannot be overridden by a()\n");
 }
 
 TEST_F(ReporterTest, AnArgumentThatHoldsAPlaceholderIsBoundOver) {

@@ -1,7 +1,5 @@
 #include "evaluation.h"
 
-#include <regex>
-
 namespace tarn {
 
 namespace {
@@ -52,19 +50,6 @@ void EvaluationTest::setSource(std::string_view text) {
 
 std::string EvaluationTest::evaluate(int line, std::string_view text) {
     return host.evaluate("quillon.compiler.loader", "Expression", *file, line, source, text).value_or("");
-}
-
-std::string EvaluationTest::codeOf(int line, std::string_view text) {
-    std::string failure = evaluate(line, text);
-    if (!failure.empty()) return failure;
-    std::string code = disassemble(file->read())["eval"].code;
-    auto shorten = [&](const char* pattern, const char* replacement) {
-        code = std::regex_replace(code, std::regex(pattern), replacement);
-    };
-    shorten(R"(invokeinterface quillon/compiler/loader/IEvaluatorContext(\.\w+):\S* \d+ 0)", "$1");
-    shorten(R"(ldc(_w)? (".*?"))", "$2");
-    shorten(", invokestatic quillon/compiler/loader/EvalSupport.box:\\S*, areturn$", "");
-    return code;
 }
 
 } // namespace tarn

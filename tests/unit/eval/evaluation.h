@@ -17,10 +17,6 @@ protected:
     void setSource(std::string_view text);
     /// The failure text, or "" if a class file was made, which is in `output` then.
     std::string evaluate(int line, std::string_view expression);
-    /// The code of `eval` but for the call of `box` and the return, in a short form: `.name` for a method called on a
-    /// handle, "text" for a string constant. A failure gives its text.
-    std::string codeOf(int line, std::string_view expression);
-
     HostCompiler host;
     std::shared_ptr<ByteArrayStore> source = ByteArrayStore::root("Subject.java");
     std::shared_ptr<ByteArrayStore> file = ByteArrayStore::root("Expression.class");

@@ -24,13 +24,6 @@ TEST(Graph, NodesKnowTheirPartsOfTheName) {
     EXPECT_EQ("B.java", graph.sourceNode(Name::fromString("B.java")).name->toString());
 }
 
-TEST(Graph, FilesLieBelowTheirPackage) {
-    EXPECT_EQ(".", directoryOfPackage(Name::fromString(".")));
-    EXPECT_EQ("UnnamedPackage", dependencyFileStem(Name::fromString(".")));
-    EXPECT_EQ("a/b", directoryOfPackage(Name::fromString("a.b")));
-    EXPECT_EQ("a/b/a.b", dependencyFileStem(Name::fromString("a.b")));
-}
-
 TEST(NodeTable, FindsReplacesAndDropsWhateverItsSize) {
     Arena arena;
     std::vector<DefRecord> records(300);

@@ -75,20 +75,6 @@ TEST_F(ArchiveStoreTest, FindsMembersInWhateverOrderTheyLie) {
         EXPECT_FALSE(archive->lookup(name)) << name;
 }
 
-TEST_F(ArchiveStoreTest, ReadIntoTellsTheWholeLength) {
-    auto archive = open(library());
-    StoreRef stored = archive->lookup("java/lang/Object.class");
-    Bytes small(3);
-    EXPECT_EQ(6u, stored->readInto(small));
-    EXPECT_EQ("obj", textOf(small));
-
-    StoreRef deflated = archive->lookup("java/lang/String.class");
-    EXPECT_EQ(LONG_TEXT.size(), deflated->readInto(small));
-    Bytes large(LONG_TEXT.size() + 1);
-    EXPECT_EQ(LONG_TEXT.size(), deflated->readInto(large));
-    EXPECT_EQ(LONG_TEXT, textOf(std::span(large).first(LONG_TEXT.size())));
-}
-
 TEST_F(ArchiveStoreTest, ListsTheFilesOfOneDirectory) {
     auto archive = open(library());
     using Names = std::vector<std::string>;
@@ -113,15 +99,6 @@ TEST_F(ArchiveStoreTest, NamesItsMembersByThePathThroughIt) {
     EXPECT_EQ(archive, archive->file("."));
     EXPECT_EQ("lib.zip", archive->name());
     EXPECT_TRUE(archive->equals(ArchiveStore(archive->path())));
-}
-
-TEST_F(ArchiveStoreTest, ADirectoryHandsOutNamesUnchecked) {
-    auto archive = open(library());
-    StoreRef none = archive->lookup("java")->lookup("None.class");
-    ASSERT_TRUE(none);
-    EXPECT_EQ(NO_DATE, none->date());
-    EXPECT_EQ("cannot open", failureOf([&] { none->read(); }));
-    EXPECT_EQ("cannot open", failureOf([&] { archive->lookup("java")->read(); }));
 }
 
 TEST_F(ArchiveStoreTest, RefusesAllWriting) {
@@ -158,13 +135,6 @@ TEST_F(ArchiveStoreTest, TellsWhyAMemberCannotBeRead) {
     EXPECT_EQ("cannot open", failureOf([&] { secret->read(); }));
     EXPECT_FALSE(archive->isDirectory());
     EXPECT_EQ(std::nullopt, archive->list());
-}
-
-TEST_F(ArchiveStoreTest, AnEmptyArchiveIsAnEmptyDirectory) {
-    auto archive = open(ZipWriter().finish());
-    EXPECT_TRUE(archive->isDirectory());
-    EXPECT_EQ(std::vector<std::string>(), archive->list());
-    EXPECT_FALSE(archive->lookup("A.class"));
 }
 
 TEST_F(ArchiveStoreTest, TheEndRecordIsFoundBehindAnyComment) {

@@ -34,25 +34,6 @@ std::string failureOf(auto action) {
     return "no failure";
 }
 
-TEST(DirectoryStore, ReadsWholeFilesAgainAndAgain) {
-    ScratchDirectory directory;
-    DirectoryStore store(directory.put("A.java", "class A {}"));
-    EXPECT_EQ("class A {}", textOf(store.read()));
-    EXPECT_EQ("class A {}", textOf(store.read()));
-    directory.put("Empty.java", "");
-    EXPECT_TRUE(DirectoryStore(directory / "Empty.java").read().empty());
-}
-
-TEST(DirectoryStore, ReadIntoTellsTheWholeLengthWhateverTheBufferHolds) {
-    ScratchDirectory directory;
-    DirectoryStore store(directory.put("A", "0123456789"));
-    for (std::size_t size : {0, 4, 10, 11}) {
-        Bytes buffer(size, '-');
-        EXPECT_EQ(10u, store.readInto(buffer));
-        EXPECT_EQ(std::string("0123456789-").substr(0, size), textOf(buffer));
-    }
-}
-
 TEST(DirectoryStore, RefusesWhatIsNoRegularFile) {
     ScratchDirectory directory;
     ASSERT_EQ(0, ::mkfifo((directory / "pipe").c_str(), 0600));
@@ -69,28 +50,6 @@ TEST(DirectoryStore, AWriteReplacesLongerAndShorterContents) {
         store.write(bytesOf(contents));
         EXPECT_EQ(contents, directory.get("A.class"));
     }
-}
-
-TEST(DirectoryStore, CreateWritesOneWholeFile) {
-    ScratchDirectory directory;
-    DirectoryStore store(directory.path());
-    StoreRef file = store.create("A.class");
-    ASSERT_TRUE(file);
-    EXPECT_FALSE(file->isDirectory());
-    EXPECT_EQ("read from output stream", failureOf([&] { file->read(); }));
-    EXPECT_EQ("not a directory", failureOf([&] { file->list(); }));
-    file->write(bytesOf("bytes"));
-    EXPECT_EQ("bytes", textOf(file->read()));
-}
-
-TEST(DirectoryStore, CreateGivesNothingWhereNoFileCanBe) {
-    ScratchDirectory directory;
-    directory.put("file", "");
-    std::filesystem::create_directory(directory / "taken");
-    DirectoryStore store(directory.path());
-    EXPECT_FALSE(store.create("taken"));
-    EXPECT_FALSE(store.create("none/A.class"));
-    EXPECT_FALSE(store.create("file/A.class"));
 }
 
 TEST(DirectoryStore, AFileThatWasCreatedButNotWrittenIsTakenBack) {
@@ -136,28 +95,6 @@ TEST(DirectoryStore, AWriteThatFailsLeavesNoHalfOfAFile) {
     EXPECT_FALSE(DirectoryStore(directory / "Old.class").exists());
 }
 
-TEST(DirectoryStore, LookupFindsOnlyWhatIsThere) {
-    ScratchDirectory directory;
-    std::filesystem::create_directories(directory / "java/lang");
-    directory.put("java/lang/Object.class", "");
-    DirectoryStore store(directory.path());
-    ASSERT_TRUE(store.lookup("java/lang/Object.class"));
-    EXPECT_EQ(directory / "java/lang/Object.class", store.lookup("java/lang/Object.class")->path());
-    EXPECT_TRUE(store.lookup("java/lang")->isDirectory());
-    EXPECT_FALSE(store.lookup("java/lang/object.class"));
-    EXPECT_FALSE(DirectoryStore(directory / "none").lookup("A.class"));
-    EXPECT_EQ(directory / "any", store.file("any")->path());
-}
-
-TEST(DirectoryStore, MakeDirectoryMakesOneLevel) {
-    ScratchDirectory directory;
-    DirectoryStore store(directory.path());
-    StoreRef made = store.makeDirectory("a");
-    EXPECT_TRUE(made->isDirectory());
-    EXPECT_TRUE(store.makeDirectory("a")->isDirectory());
-    EXPECT_FALSE(store.makeDirectory("b/c")->isDirectory());
-}
-
 TEST(DirectoryStore, ListsFilesInOrder) {
     ScratchDirectory directory;
     for (const char* name : {"b.java", "C.class", "a.java"}) directory.put(name, "");
@@ -184,23 +121,6 @@ TEST(DirectoryStore, IsEqualBySamePlaceAndDate) {
     timespec times[2] = {{0, 0}, {1000, 0}};
     ASSERT_EQ(0, ::utimensat(AT_FDCWD, path.c_str(), times, 0));
     EXPECT_NE(hash, one.hashCode());
-}
-
-TEST(DirectoryStore, KeepsThePathAsItWasBuilt) {
-    struct Row {
-        const char* path;
-        const char* name;
-        std::optional<std::string> parent;
-    };
-    for (const Row& row : {Row{"a/b/C.java", "C.java", "a/b"}, Row{"C.java", "C.java", std::nullopt},
-                           Row{"/C.java", "C.java", std::nullopt}, Row{"./C.java", "C.java", "."},
-                           Row{"a/b/", "", "a/b"}, Row{"a\\b;c", "a\\b;c", std::nullopt}}) {
-        DirectoryStore store(row.path);
-        EXPECT_EQ(row.path, store.path());
-        EXPECT_EQ(row.name, store.name());
-        EXPECT_EQ(row.parent, store.parent()) << row.path;
-    }
-    EXPECT_EQ("./x/y", DirectoryStore(".").file("x/y")->path());
 }
 
 TEST(DirectoryStore, ReachesAFileByAnUnevenPath) {

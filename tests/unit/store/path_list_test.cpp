@@ -34,23 +34,6 @@ TEST(PathList, EachElementIsADirectoryOrAnArchive) {
 
 std::string tracedLines;
 
-TEST(PathList, SearchTakesTheFirstStoreThatAnswers) {
-    auto first = ByteArrayStore::root("first");
-    auto second = ByteArrayStore::root("second");
-    auto third = ByteArrayStore::root("third");
-    first->becomeDirectory();
-    StoreRef wanted = second->create("A.class");
-    third->create("A.class");
-    PathList list = std::make_shared<std::vector<StoreRef>>(std::vector<StoreRef>{first, second, third});
-
-    tracedLines.clear();
-    SearchTrace trace = {"looking for class ", [](std::string_view line) { tracedLines.append(line).append("\n"); }};
-    EXPECT_EQ(wanted, search(list, "A.class", &trace));
-    EXPECT_EQ("looking for class A.class\n in ByteArrayStore[first]\n in ByteArrayStore[second]\n", tracedLines);
-    EXPECT_EQ(nullptr, search(list, "B.class"));
-    EXPECT_EQ(nullptr, search(nullptr, "A.class"));
-}
-
 TEST(OutputStore, MakesTheDirectoriesOnTheWay) {
     ScratchDirectory directory;
     auto files = std::make_shared<DirectoryStore>(directory.path());
@@ -69,17 +52,6 @@ TEST(OutputStore, MakesTheDirectoriesOnTheWay) {
         EXPECT_EQ(std::string("out") + row.path, outputStore(memory, row.name, ".class")->path());
     }
     EXPECT_EQ(NullStore::instance(), outputStore(NullStore::instance(), "a/b/C", ".class"));
-}
-
-TEST(OutputStore, IsNoneWhereAFileStandsInTheWay) {
-    ScratchDirectory directory;
-    directory.put("a", "");
-    EXPECT_FALSE(outputStore(std::make_shared<DirectoryStore>(directory.path()), "a/B", ".class"));
-}
-
-TEST(OutputStore, BesideASourceIsItsDirectory) {
-    EXPECT_EQ("a/b/C.class", storeBeside(DirectoryStore("a/b/X.java"), "C.class")->path());
-    EXPECT_EQ("C.class", storeBeside(DirectoryStore("X.java"), "C.class")->path());
 }
 
 } // namespace

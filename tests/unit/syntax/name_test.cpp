@@ -17,16 +17,6 @@ Name* fromSource(std::string_view text) {
     return Name::fromSource(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
 }
 
-TEST(Name, EqualTextsAreOneObject) {
-    std::string text = "equalTexts";
-    Name* name = Name::fromBytes(text);
-    text[0] = 'E';
-    EXPECT_NE(Name::fromBytes(text), name);
-    text[0] = 'e';
-    EXPECT_EQ(Name::fromBytes(text), name);
-    EXPECT_EQ(name->view(), "equalTexts");
-}
-
 TEST(Name, TextsOfEveryLengthThatDifferInOneByteAreDifferent) {
     for (std::size_t length = 1; length < 40; length++) {
         std::set<Name*> names;
@@ -46,33 +36,6 @@ TEST(Name, TextsOfOneHashAreDifferent) {
     EXPECT_EQ(one->contentHash(), other->contentHash());
     EXPECT_NE(one, other);
     EXPECT_EQ(Name::fromBytes("joeuinmgr"), one);
-}
-
-TEST(Name, MoreNamesThanBucketsStayApart) {
-    std::vector<Name*> names;
-    for (int i = 0; i < 40000; i++) names.push_back(Name::fromBytes("bucket" + std::to_string(i)));
-    for (int i = 0; i < 40000; i++) {
-        ASSERT_EQ(names[i]->view(), "bucket" + std::to_string(i));
-        ASSERT_EQ(Name::fromBytes("bucket" + std::to_string(i)), names[i]);
-    }
-}
-
-TEST(Name, TheEmptyNameHasAnIndexOfItsOwn) {
-    Name* empty = Name::fromBytes(std::string_view{});
-    EXPECT_EQ(Name::fromBytes(""), empty);
-    EXPECT_EQ(empty->length, 0u);
-    EXPECT_NE(empty->index, Name::fromBytes("entered right after the empty name")->index);
-}
-
-TEST(Name, LongTextsGrowThePoolAndLeaveOthersAlone) {
-    Name* before = Name::fromBytes("before");
-    std::string_view view = before->view();
-    std::string big(70000, 'x');
-    std::string huge(3000000, 'y');
-    EXPECT_EQ(Name::fromBytes(big)->view(), big);
-    EXPECT_EQ(Name::fromBytes(huge)->view(), huge);
-    EXPECT_EQ(view, "before");
-    EXPECT_EQ(before->view().data(), view.data());
 }
 
 TEST(Name, ContentHashIsTheStoredForm) {

@@ -349,18 +349,6 @@ TEST(Scanner, ColumnsRunOverIntoTheLine) {
     EXPECT_EQ(scan(std::string(4096, ' ') + "a\nb").places, "5:1 2:1");
 }
 
-TEST(Scanner, KnowsWhereTheTokenBeforeEnded) {
-    RecordingReporter reporter;
-    Scanner scanner(*storeOf("ab /* c */\n  \"d\\u0041\" ;+\\u003d\\u003b"), std::nullopt);
-    const int ends[] = {makePosition(1, 3),  makePosition(2, 12), makePosition(2, 14),
-                        makePosition(2, 21), makePosition(2, 27), makePosition(2, 27)};
-    EXPECT_EQ(scanner.prevEndPos, makePosition(1, 1));
-    for (int end : ends) {
-        scanner.nextToken();
-        EXPECT_EQ(scanner.prevEndPos, end) << placeOf(scanner.prevEndPos);
-    }
-}
-
 TEST(Scanner, DocCommentsDeprecate) {
     struct {
         std::string_view source;
@@ -376,17 +364,6 @@ TEST(Scanner, DocCommentsDeprecate) {
         {"// /** @deprecated */", false},      {"/**/ /* @deprecated */", false},
     };
     for (const auto& row : rows) EXPECT_EQ(scan(row.source).deprecated, row.deprecated) << row.source;
-}
-
-TEST(Scanner, ErrorsLeaveTheirPosition) {
-    RecordingReporter reporter;
-    Scanner scanner(*storeOf("a # 09"), std::nullopt);
-    EXPECT_EQ(scanner.errorPos, -1);
-    scanner.nextToken();
-    EXPECT_EQ(scanner.errorPos, makePosition(1, 3));
-    scanner.nextToken();
-    EXPECT_EQ(scanner.token, Token::INT_LITERAL);
-    EXPECT_EQ(scanner.errorPos, makePosition(1, 5));
 }
 
 TEST(Scanner, ReadsSourcesOfAnySize) {
