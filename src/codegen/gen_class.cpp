@@ -7,6 +7,9 @@
 #include "semantic/scope.h"
 #include "store/file_path.h"
 #include "store/path_list.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,8 @@
 #include "codegen/gen.h"
 
 #include "eval/eval_item.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 

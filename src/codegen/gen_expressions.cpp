@@ -5,6 +5,7 @@
 #include "eval/eval_item.h"
 #include "semantic/context.h"
 #include "semantic/resolve.h"
+#include "syntax/tree_expressions.h"
 
 #include <algorithm>
 

@@ -5,6 +5,9 @@
 #include "semantic/context.h"
 #include "semantic/env.h"
 #include "semantic/scope.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 

@@ -2,6 +2,7 @@
 
 #include "driver/reporter.h"
 #include "semantic/context.h"
+#include "syntax/tree_expressions.h"
 
 #include <algorithm>
 

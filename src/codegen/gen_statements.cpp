@@ -2,6 +2,8 @@
 
 #include "driver/reporter.h"
 #include "semantic/context.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_statements.h"
 
 namespace tarn {
 

@@ -1,6 +1,7 @@
 #include "codegen/gen.h"
 
 #include "semantic/context.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,6 +1,8 @@
 #include "codegen/gen.h"
 
 #include "semantic/context.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_statements.h"
 
 // A finally block is one subroutine, which every way out of the statement calls by `jsr`: the end of the body and of
 // each catch clause, the jumps that leave the statement, and a handler that catches what is left, calls the subroutine

@@ -4,6 +4,8 @@
 #include "semantic/context.h"
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
 
 #include <algorithm>
 #include <string>

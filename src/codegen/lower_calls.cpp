@@ -1,6 +1,7 @@
 #include "codegen/lowering.h"
 
 #include "semantic/context.h"
+#include "syntax/tree_expressions.h"
 
 #include <algorithm>
 

@@ -4,6 +4,8 @@
 #include "runtime/failure.h"
 #include "semantic/context.h"
 #include "semantic/scope.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <array>

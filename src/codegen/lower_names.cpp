@@ -4,6 +4,8 @@
 #include "driver/reporter.h"
 #include "runtime/failure.h"
 #include "semantic/context.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
 
 #include <algorithm>
 #include <array>

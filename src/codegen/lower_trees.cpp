@@ -2,6 +2,9 @@
 
 #include "runtime/failure.h"
 #include "semantic/context.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "codegen/tree_maker.h"
+#include "syntax/tree_expressions.h"
 
 #include <deque>
 #include <unordered_map>

@@ -1,6 +1,9 @@
 #include "codegen/tree_maker.h"
 
 #include "semantic/context.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <string>

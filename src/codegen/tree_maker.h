@@ -1,6 +1,6 @@
 #pragma once
 
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
 
 #include <cstdint>
 #include <initializer_list>

@@ -7,7 +7,7 @@
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
 #include "syntax/position.h"
-#include "syntax/tree.h"
+#include "syntax/tree_expressions.h"
 
 #include <string>
 #include <string_view>

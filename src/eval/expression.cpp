@@ -14,6 +14,9 @@
 #include "syntax/parser.h"
 #include "syntax/position.h"
 #include "syntax/tree_builder.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,5 +1,7 @@
 #include "eval/tree_search.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 namespace tarn::eval {
 

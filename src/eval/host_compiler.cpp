@@ -11,7 +11,7 @@
 #include "store/directory_store.h"
 #include "store/encoding.h"
 #include "syntax/position.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,8 @@
 #include "eval/tree_search.h"
 #include "syntax/position.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <ranges>
 

@@ -9,6 +9,7 @@
 #include "syntax/parser.h"
 #include "syntax/scanner.h"
 #include "syntax/tree_builder.h"
+#include "syntax/tree_declarations.h"
 
 #include <chrono>
 #include <memory>

@@ -3,7 +3,9 @@
 #include "semantic/context.h"
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <array>

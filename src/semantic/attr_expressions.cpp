@@ -4,7 +4,7 @@
 #include "semantic/context.h"
 #include "semantic/fold.h"
 #include "semantic/resolve.h"
-#include "syntax/tree.h"
+#include "syntax/tree_expressions.h"
 
 #include <algorithm>
 

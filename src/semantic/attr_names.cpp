@@ -4,7 +4,8 @@
 #include "semantic/entry.h"
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
 
 // Attribution of names: identifiers, selections, `this` and `super`.
 

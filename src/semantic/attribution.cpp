@@ -4,7 +4,8 @@
 #include "semantic/context.h"
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
 
 // The checks that attribution shares. The error type and the error symbol absorb all follow-ups: every comparison with
 // them succeeds, so that one fault gives one message.

@@ -4,7 +4,9 @@
 #include "semantic/attribution.h"
 #include "semantic/context.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <string>
 #include <unordered_map>

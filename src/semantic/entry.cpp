@@ -8,7 +8,7 @@
 #include "semantic/pending.h"
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
 
 #include <algorithm>
 

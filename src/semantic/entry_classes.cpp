@@ -8,7 +8,9 @@
 #include "semantic/pending.h"
 #include "semantic/resolve.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <string>

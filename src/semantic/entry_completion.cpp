@@ -5,7 +5,8 @@
 #include "semantic/entry.h"
 #include "semantic/pending.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <deque>

@@ -3,7 +3,7 @@
 #include "semantic/context.h"
 #include "semantic/entry.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 
 #include "semantic/context.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
 
 namespace tarn {
 

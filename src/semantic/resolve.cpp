@@ -6,7 +6,7 @@
 #include "semantic/attribution.h"
 #include "semantic/context.h"
 #include "semantic/scope.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
 
 #include <string>
 

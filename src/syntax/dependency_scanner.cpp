@@ -1,6 +1,7 @@
 #include "syntax/dependency_scanner.h"
 
 #include "syntax/name.h"
+#include "syntax/tree_expressions.h"
 #include "syntax/well_known_names.h"
 
 #include <array>

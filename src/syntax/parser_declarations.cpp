@@ -1,5 +1,6 @@
 #include "syntax/parser.h"
 
+#include "semantic/flags.h"
 #include "syntax/nesting.h"
 #include "syntax/well_known_names.h"
 

@@ -1,6 +1,7 @@
 #include "syntax/parser.h"
 
 #include "runtime/failure.h"
+#include "semantic/flags.h"
 #include "semantic/type.h"
 #include "syntax/operators.h"
 #include "syntax/well_known_names.h"

@@ -1,6 +1,7 @@
 #include "syntax/parser.h"
 
 #include "driver/reporter.h"
+#include "semantic/flags.h"
 #include "syntax/nesting.h"
 
 namespace tarn {

@@ -4,6 +4,9 @@
 #include "semantic/universe.h"
 #include "syntax/operators.h"
 #include "syntax/position.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <array>
 #include <charconv>

@@ -9,6 +9,8 @@
 
 namespace tarn {
 
+class ClassDef;
+
 /// Builds the trees of one unit in the unit's arena, which must outlive them. Constants are made by the current
 /// context.
 ///

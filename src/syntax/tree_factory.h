@@ -1,11 +1,14 @@
 #pragma once
 
+#include "store/store.h"
 #include "syntax/tree.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace tarn {
+
+class ConstantType;
 
 /// A growing list of trees, recycled by its factory once it was turned into a node's children.
 using TreeBuffer = std::vector<Tree*>;

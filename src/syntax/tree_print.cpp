@@ -2,7 +2,9 @@
 #include "semantic/type.h"
 #include "syntax/name.h"
 #include "syntax/operators.h"
-#include "syntax/tree.h"
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <array>
 #include <cstddef>

@@ -1,5 +1,8 @@
 #include "syntax/dependency_scanner.h"
 
+#include "syntax/tree_declarations.h"
+#include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 #include "unit/syntax/parsing.h"
 
 #include <gtest/gtest.h>
