@@ -5,10 +5,10 @@
 #include "driver/reporter.h"
 #include "make/maker.h"
 #include "runtime/console.h"
+#include "runtime/process.h"
 #include "store/path_list.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -26,11 +26,6 @@ void printUsage() {
     consolePrintln("Usage: tarn [-g][-verbose][-quiet][-nowarn][-obfuscate][-encoding name][-d dir][-classpath path]"
                    "[-sourcepath path][-rebuild][-nocompile][-nocheckstable][-nomakestable]"
                    " {[-s] {source.java} | -p {package} | -c {class}}");
-}
-
-std::optional<std::string> environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? std::optional<std::string>(value) : std::nullopt;
 }
 
 /// The source path is the very list of the class path, not a copy, if nothing else is said.

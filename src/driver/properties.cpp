@@ -1,6 +1,7 @@
 #include "driver/properties.h"
 
 #include "runtime/failure.h"
+#include "runtime/process.h"
 #include "runtime/utf8.h"
 #include "store/directory_store.h"
 
@@ -14,11 +15,6 @@ namespace tarn {
 namespace {
 
 // --- The surroundings ------------------------------------------------------------------------------------------------
-
-std::optional<std::string> environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? std::optional<std::string>(value) : std::nullopt;
-}
 
 std::optional<std::string> linkTarget(const char* path) {
     std::array<char, 4096> target;

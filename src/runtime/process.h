@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 namespace tarn {
 
 /// What a program does before anything else, so that its files fail as files do and not as a process ends.
@@ -8,5 +11,8 @@ namespace tarn {
 /// caller closed among standard input, output and error is held by the null device: else the next file that is opened,
 /// perhaps one to be written, would pass for it.
 void prepareProcess();
+
+/// The value of a variable of the environment, which may be empty; absent if it is not set.
+std::optional<std::string> environment(const char* name);
 
 } // namespace tarn

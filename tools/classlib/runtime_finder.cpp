@@ -1,11 +1,11 @@
 #include "classlib/runtime_finder.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 #include <unistd.h>
 
 #include "classlib/byte_reader.h"
+#include "runtime/process.h"
 
 namespace tarn::classlib {
 
@@ -25,8 +25,8 @@ std::string imagePath(std::string home) {
 
 /// The home around the first executable `java` on the path, with links followed; empty if there is none.
 std::string homeOfJavaOnPath() {
-    const char* variable = std::getenv("PATH");
-    std::string_view rest = variable == nullptr ? "" : variable;
+    std::string path = environment("PATH").value_or("");
+    std::string_view rest = path;
     while (!rest.empty()) {
         std::size_t end = rest.find(':');
         fs::path java = fs::path(rest.substr(0, end)) / "java";
@@ -42,8 +42,7 @@ std::string homeOfJavaOnPath() {
 } // namespace
 
 std::string findRuntimeHome() {
-    const char* variable = std::getenv("JAVA_HOME");
-    std::string javaHome = variable == nullptr ? "" : variable;
+    std::string javaHome = environment("JAVA_HOME").value_or("");
     if (!javaHome.empty() && exists(imagePath(javaHome))) return javaHome;
     std::string home = homeOfJavaOnPath();
     if (!home.empty() && exists(imagePath(home))) return home;

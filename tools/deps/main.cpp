@@ -3,6 +3,7 @@
 #include "deps/listing.h"
 #include "runtime/console.h"
 #include "runtime/failure.h"
+#include "runtime/process.h"
 #include "store/directory_store.h"
 
 #include <algorithm>
@@ -29,6 +30,7 @@ std::vector<std::string> linesOf(const char* path, const char* users) {
 } // namespace
 
 int main(int count, char** arguments) {
+    tarn::prepareProcess();
     const char* users = nullptr;
     int first = 1;
     if (count > 2 && std::string_view(arguments[1]) == "--users") {

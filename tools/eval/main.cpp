@@ -3,12 +3,12 @@
 #include "eval/host_compiler.h"
 #include "runtime/big_stack.h"
 #include "runtime/console.h"
+#include "runtime/process.h"
 #include "store/directory_store.h"
 #include "store/encoding.h"
 #include "store/path_list.h"
 
 #include <charconv>
-#include <cstdlib>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -21,8 +21,8 @@ constexpr int USAGE = 2;
 constexpr std::string_view PREFIX = "quillon.compiler.loader";
 
 struct Request {
-    const char* classPath = nullptr;
-    const char* sourcePath = nullptr;
+    std::string classPath = tarn::environment("CLASSPATH").value_or(".");
+    const char* sourcePath = nullptr; ///< null if none is given
     const char* encoding = "default";
     const char* className = "Expression";
     std::vector<const char*> operands; ///< source, line, expression, output
@@ -62,11 +62,6 @@ tarn::StoreRef findSource(const Request& request) {
     return found ? found : here;
 }
 
-const char* defaultClassPath() {
-    const char* path = std::getenv("CLASSPATH");
-    return path != nullptr ? path : ".";
-}
-
 int evaluate(const Request& request) {
     std::string_view digits = request.operands[1];
     int line = 0;
@@ -76,7 +71,7 @@ int evaluate(const Request& request) {
         return FAILED;
     }
     tarn::HostCompiler compiler;
-    compiler.setClassPath(tarn::parsePathList(request.classPath != nullptr ? request.classPath : defaultClassPath()));
+    compiler.setClassPath(tarn::parsePathList(request.classPath));
     compiler.setEncoding(tarn::resolveEncoding(request.encoding));
     tarn::DirectoryStore out(request.operands[3]);
     auto failure = compiler.evaluate(PREFIX, request.className, out, line, findSource(request), request.operands[2]);
@@ -99,6 +94,7 @@ int evaluateGuarded(const Request& request) {
 } // namespace
 
 int main(int count, char** arguments) {
+    tarn::prepareProcess();
     Request request;
     if (!parse(count, arguments, request)) {
         tarn::errorPrintln("usage: tarn-eval [-classpath path][-sourcepath path][-encoding name][-class name]"
