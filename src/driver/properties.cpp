@@ -4,6 +4,7 @@
 #include "runtime/process.h"
 #include "runtime/utf8.h"
 #include "store/directory_store.h"
+#include "store/file_path.h"
 
 #include <algorithm>
 #include <array>
@@ -35,10 +36,9 @@ std::string javaClassPath() {
 /// The directory that the tool was installed to: the executable's path less `bin/tarn`.
 std::string toolHome() {
     if (std::optional<std::string> home = environment("KEELWRIGHT_HOME")) return *home;
-    std::string path = linkTarget("/proc/self/exe").value_or("");
-    for (int component = 0; component < 2; ++component)
-        path.resize(path.find_last_of('/') + 1 ? path.find_last_of('/') : 0);
-    return path.empty() ? "/keelwright" : path;
+    std::optional<std::string> path = linkTarget("/proc/self/exe");
+    for (int component = 0; path && component < 2; ++component) path = parentPath(*path);
+    return path.value_or("/keelwright");
 }
 
 std::string timeZone() {

@@ -153,10 +153,6 @@ std::uint32_t ArchiveStore::hashCode() const {
            static_cast<std::uint32_t>(date());
 }
 
-std::string ArchiveStore::toString() const {
-    return canonicalPath().value_or(std::string());
-}
-
 Date ArchiveStore::date() const {
     return dateOfFile(PlatformPath(path_).get());
 }
@@ -170,9 +166,7 @@ std::optional<std::string> ArchiveStore::canonicalPath() const {
 }
 
 std::optional<std::string> ArchiveStore::parent() const {
-    std::optional<std::string_view> parent = parentPath(path_);
-    if (!parent) return std::nullopt;
-    return std::string(*parent);
+    return parentPath(path_);
 }
 
 Bytes ArchiveStore::read() {
@@ -341,10 +335,6 @@ bool ZipStore::equals(const Store& other) const {
 
 std::uint32_t ZipStore::hashCode() const {
     return archive_->hashCode() + (static_cast<std::uint32_t>(std::hash<std::string_view>()(fullName())) << 10);
-}
-
-std::string ZipStore::toString() const {
-    return canonicalPath().value_or(std::string());
 }
 
 Date ZipStore::date() const {

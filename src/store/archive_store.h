@@ -25,7 +25,6 @@ public:
 
     [[nodiscard]] bool equals(const Store& other) const override;
     [[nodiscard]] std::uint32_t hashCode() const override;
-    [[nodiscard]] std::string toString() const override;
     [[nodiscard]] Date date() const override;
     [[nodiscard]] std::string name() const override;
     [[nodiscard]] std::string path() const override { return path_; }
@@ -99,7 +98,6 @@ public:
 
     [[nodiscard]] bool equals(const Store& other) const override;
     [[nodiscard]] std::uint32_t hashCode() const override;
-    [[nodiscard]] std::string toString() const override;
     [[nodiscard]] Date date() const override;
     [[nodiscard]] std::string name() const override;
     [[nodiscard]] std::string path() const override;

@@ -67,10 +67,6 @@ std::uint32_t DirectoryStore::hashCode() const {
            static_cast<std::uint32_t>(date());
 }
 
-std::string DirectoryStore::toString() const {
-    return canonicalPath().value_or(std::string());
-}
-
 void DirectoryStore::moveDateOn(Date units) {
     PlatformPath path(path_);
     struct stat status;
@@ -92,9 +88,7 @@ std::optional<std::string> DirectoryStore::canonicalPath() const {
 }
 
 std::optional<std::string> DirectoryStore::parent() const {
-    std::optional<std::string_view> parent = parentPath(path_);
-    if (!parent) return std::nullopt;
-    return std::string(*parent);
+    return parentPath(path_);
 }
 
 bool DirectoryStore::isDirectory() const {

@@ -26,7 +26,6 @@ public:
 
     [[nodiscard]] bool equals(const Store& other) const override;
     [[nodiscard]] std::uint32_t hashCode() const override;
-    [[nodiscard]] std::string toString() const override;
     [[nodiscard]] Date date() const override;
     [[nodiscard]] std::string name() const override;
     [[nodiscard]] std::string path() const override { return path_; }

@@ -84,10 +84,10 @@ std::string_view lastComponent(std::string_view path) {
     return path.substr(path.rfind(FILE_SEPARATOR) + 1);
 }
 
-std::optional<std::string_view> parentPath(std::string_view path) {
+std::optional<std::string> parentPath(std::string_view path) {
     std::size_t at = path.rfind(FILE_SEPARATOR);
     if (at == std::string_view::npos || at == 0) return std::nullopt;
-    return path.substr(0, at);
+    return std::string(path.substr(0, at));
 }
 
 } // namespace tarn

@@ -29,6 +29,6 @@ std::optional<std::string> canonicalPath(std::string_view path);
 std::string_view lastComponent(std::string_view path);
 
 /// What stands before the last separator; absent if there is none or it is the first character.
-std::optional<std::string_view> parentPath(std::string_view path);
+std::optional<std::string> parentPath(std::string_view path);
 
 } // namespace tarn

@@ -14,7 +14,6 @@ public:
 
     [[nodiscard]] bool equals(const Store& other) const override { return this == &other; }
     [[nodiscard]] std::uint32_t hashCode() const override { return 0; }
-    [[nodiscard]] std::string toString() const override { return {}; }
     [[nodiscard]] Date date() const override { return 0; }
     [[nodiscard]] std::string name() const override { return {}; }
     [[nodiscard]] std::string path() const override { return {}; }

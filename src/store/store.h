@@ -37,8 +37,8 @@ public:
     /// Same place and same date.
     [[nodiscard]] virtual bool equals(const Store& other) const = 0;
     [[nodiscard]] virtual std::uint32_t hashCode() const = 0;
-    /// What search traces show; the same text as the canonical path.
-    [[nodiscard]] virtual std::string toString() const = 0;
+    /// What search traces show: the canonical path, empty if there is none.
+    [[nodiscard]] virtual std::string toString() const { return canonicalPath().value_or(std::string()); }
     /// When the contents changed last; NO_DATE if nothing is there.
     [[nodiscard]] virtual Date date() const = 0;
     /// Last component of the path.
