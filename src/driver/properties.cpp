@@ -2,6 +2,7 @@
 
 #include "runtime/failure.h"
 #include "runtime/process.h"
+#include "runtime/unicode.h"
 #include "runtime/utf8.h"
 #include "store/directory_store.h"
 #include "store/file_path.h"
@@ -109,12 +110,6 @@ bool isLineEnd(char byte) {
     return byte == '\n' || byte == '\r';
 }
 
-int hexDigit(char byte) {
-    if (byte >= '0' && byte <= '9') return byte - '0';
-    char lower = static_cast<char>(byte | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 /// Reads a properties text from its front, one key or value at a time.
 class PropertiesReader {
 public:
@@ -196,20 +191,20 @@ private:
 
     char32_t unicodeEscape() {
         char32_t unit = 0;
-        for (int digits = 0; digits < 4 && at_ < text_.size() && hexDigit(text_[at_]) >= 0; ++digits)
-            unit = unit << 4 | static_cast<char32_t>(hexDigit(text_[at_++]));
+        for (int digits = 0; digits < 4 && at_ < text_.size() && digitValue(text_[at_], 16) >= 0; ++digits)
+            unit = unit << 4 | static_cast<char32_t>(digitValue(text_[at_++], 16));
         return unit;
     }
 
     /// Appends a UTF-16 unit; a pair of surrogates makes one character.
     void append(std::string& element, char32_t unit) {
-        if (highSurrogate_ && unit >= 0xDC00 && unit < 0xE000) {
-            appendUtf8(element, 0x10000 + ((highSurrogate_ - 0xD800) << 10) + (unit - 0xDC00));
+        if (highSurrogate_ && isLowSurrogate(unit)) {
+            appendUtf8(element, characterOf(highSurrogate_, unit));
             highSurrogate_ = 0;
             return;
         }
         endSurrogate(element);
-        if (unit >= 0xD800 && unit < 0xDC00) {
+        if (isHighSurrogate(unit)) {
             highSurrogate_ = unit;
         } else {
             appendUtf8(element, unit);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/unicode.h"
+
 #include <string>
 #include <string_view>
 
@@ -7,7 +9,7 @@ namespace tarn {
 
 /// Appends a character in UTF-8. What is no character (a lone surrogate, a value above U+10FFFF) becomes U+FFFD.
 inline void appendUtf8(std::string& text, char32_t character) {
-    if ((character >= 0xD800 && character < 0xE000) || character > 0x10FFFF) character = 0xFFFD;
+    if (isHighSurrogate(character) || isLowSurrogate(character) || character > 0x10FFFF) character = 0xFFFD;
     auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
     if (character < 0x80) return put(character);
     if (character < 0x800) {

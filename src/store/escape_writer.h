@@ -1,9 +1,15 @@
 #pragma once
 
+#include "runtime/unicode.h"
 #include "store/store.h"
 
 #include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <iterator>
+#include <span>
+#include <utility>
 
 namespace tarn {
 
@@ -42,8 +48,8 @@ public:
     /// `character` is at most 0x10FFFF; one above 0xFFFF becomes a surrogate pair.
     void putCharacter(char32_t character) {
         if (character >= 0x10000) {
-            putUnit(static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)));
-            character = 0xDC00 + (character & 0x3FF);
+            putUnit(highSurrogate(character));
+            character = lowSurrogate(character);
         }
         putUnit(static_cast<char16_t>(character));
     }

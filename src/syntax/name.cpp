@@ -7,6 +7,7 @@
 #include "syntax/name.h"
 
 #include "runtime/arena.h"
+#include "runtime/unicode.h"
 #include "runtime/utf8.h"
 #include "syntax/token.h"
 
@@ -15,7 +16,6 @@
 #include <cstring>
 #include <memory>
 #include <new>
-
 #include <sys/mman.h>
 
 namespace tarn {
@@ -91,7 +91,7 @@ private:
 
     void open() {
         for (reserved_ = largestPool; reserved_ >= firstPool; reserved_ /= 2) {
-            void* base = mmap(nullptr, reserved_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+            void* base = ::mmap(nullptr, reserved_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
             if (base == MAP_FAILED) continue;
             Name::poolBase = static_cast<std::uint8_t*>(base);
             grow(firstPool);
@@ -106,7 +106,7 @@ private:
         if (room > reserved_ - end_) throw std::bad_alloc();
         std::size_t wanted = std::bit_ceil(end_ + room);
         if (wanted < firstPool) wanted = firstPool;
-        if (mprotect(Name::poolBase, wanted, PROT_READ | PROT_WRITE) != 0) throw std::bad_alloc();
+        if (::mprotect(Name::poolBase, wanted, PROT_READ | PROT_WRITE) != 0) throw std::bad_alloc();
         writable_ = wanted;
     }
 
@@ -158,13 +158,6 @@ std::uint8_t* putUnit(std::uint8_t* out, unsigned unit) {
     return out;
 }
 
-int hexDigit(std::uint8_t byte) {
-    if (byte >= '0' && byte <= '9') return byte - '0';
-    if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
-    if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
-    return -1;
-}
-
 /// Reads `u...uXXXX` at `in`. Moves `in` behind it and returns the unit; if it is no such thing, returns -1.
 int readUnicodeEscape(const std::uint8_t*& in, const std::uint8_t* end) {
     const std::uint8_t* at = in;
@@ -172,7 +165,7 @@ int readUnicodeEscape(const std::uint8_t*& in, const std::uint8_t* end) {
     if (end - at < 4) return -1;
     int unit = 0;
     for (int i = 0; i < 4; i++) {
-        int digit = hexDigit(at[i]);
+        int digit = digitValue(at[i], 16);
         if (digit < 0) return -1;
         unit = unit << 4 | digit;
     }
@@ -229,7 +222,7 @@ unsigned readCodePoint(const std::uint8_t*& in, const std::uint8_t* end) {
         code = code << 6 | (in[i] & 0x3F);
     }
     bool overlong = more == 2 ? code < 0x800 : more == 3 && code < 0x10000;
-    if (overlong || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return first;
+    if (overlong || code > 0x10FFFF || isHighSurrogate(code) || isLowSurrogate(code)) return first;
     in += more;
     return code;
 }
@@ -240,13 +233,6 @@ const std::uint8_t* bytesOf(std::string_view text) {
 
 char upper(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-bool isHighSurrogate(unsigned unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool isLowSurrogate(unsigned unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
 }
 
 } // namespace
@@ -276,8 +262,8 @@ Name* Name::fromString(std::string_view utf8) {
     for (const std::uint8_t* in = bytesOf(utf8); in != end;) {
         unsigned code = readCodePoint(in, end);
         if (code >= 0x10000) {
-            out = putUnit(out, 0xD800 + ((code - 0x10000) >> 10));
-            code = 0xDC00 + ((code - 0x10000) & 0x3FF);
+            out = putUnit(out, highSurrogate(code));
+            code = lowSurrogate(code);
         }
         out = putUnit(out, code);
     }
@@ -331,7 +317,7 @@ std::string Name::toString() const {
             const std::uint8_t* behind = in;
             unsigned low = readUnit(behind, end);
             if (isLowSurrogate(low)) {
-                code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
+                code = characterOf(code, low);
                 in = behind;
             }
         }

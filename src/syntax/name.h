@@ -54,10 +54,7 @@ public:
     [[nodiscard]] std::uint32_t hashCode() const { return index; }
     /// Hash of the bytes; the same in every run, so this is the one to store.
     [[nodiscard]] std::int32_t contentHash() const { return static_cast<std::int32_t>(hash); }
-    /// One step of the content hash. Bytes count as signed.
-    static constexpr std::uint32_t hashStep(std::uint32_t hash, std::uint8_t byte) {
-        return hash * 1664525u + static_cast<std::uint32_t>(static_cast<std::int8_t>(byte));
-    }
+    /// The content hash: each byte, as a signed number, is added to the product of what came before and a constant.
     static constexpr std::uint32_t hashOf(const std::uint8_t* bytes, std::size_t length) {
         constexpr std::uint32_t m = 1664525u;
         auto at = [bytes](std::size_t i) { return static_cast<std::uint32_t>(static_cast<std::int8_t>(bytes[i])); };
@@ -66,7 +63,7 @@ public:
         // Four steps at once, which need not wait for each other.
         for (; i + 4 <= length; i += 4)
             hash = hash * (m * m * m * m) + at(i) * (m * m * m) + at(i + 1) * (m * m) + at(i + 2) * m + at(i + 3);
-        for (; i < length; i++) hash = hashStep(hash, bytes[i]);
+        for (; i < length; i++) hash = hash * m + at(i);
         return hash;
     }
 

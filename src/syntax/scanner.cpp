@@ -68,13 +68,6 @@ Token separator(int code) {
     }
 }
 
-int hexDigit(std::uint8_t byte) {
-    if (byte >= '0' && byte <= '9') return byte - '0';
-    if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
-    if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
-    return -1;
-}
-
 /// Whether only blanks and stars stand in the range, as before a tag of a doc comment.
 bool isMargin(const std::uint8_t* begin, const std::uint8_t* end) {
     while (begin != end && (*begin <= ' ' || *begin == '*')) begin++;
@@ -107,11 +100,12 @@ Scanner::Char Scanner::lookAtBackslash(const std::uint8_t* at, Mode mode) {
     while (*digit == 'u') digit++;
     int unit = 0;
     for (const std::uint8_t* end = digit + 4; digit != end; digit++) {
-        if (hexDigit(*digit) < 0) {
+        int value = digitValue(*digit, 16);
+        if (value < 0) {
             error(positionOf(digit), messages::invalidEscapeCharacter);
             return plain(digit);
         }
-        unit = unit << 4 | hexDigit(*digit);
+        unit = unit << 4 | value;
     }
     int code = unit;
     if (unit > 0x7F) {

@@ -4,6 +4,7 @@
 
 #include "driver/reporter.h"
 #include "runtime/java_number.h"
+#include "runtime/unicode.h"
 #include "syntax/char_class.h"
 #include "syntax/scanner.h"
 
@@ -15,15 +16,6 @@ namespace {
 
 const std::uint8_t* bytesOf(const std::string& text) {
     return reinterpret_cast<const std::uint8_t*>(text.data());
-}
-
-/// Value of the digit in a radix of at most 16; -1 if it is none.
-int digitValue(int code, int radix) {
-    int value = code >= '0' && code <= '9'   ? code - '0'
-                : code >= 'a' && code <= 'f' ? code - 'a' + 10
-                : code >= 'A' && code <= 'F' ? code - 'A' + 10
-                                             : 16;
-    return value < radix ? value : -1;
 }
 
 bool isOctal(int code) {
