@@ -7,7 +7,7 @@ namespace tarn {
 
 /// A compiler recurses as deep as its input is nested, and the ordinary stack ends far too soon for generated sources.
 /// The tool therefore does its work on a stack of its own: address space reserved for the worst case, of which the
-/// system commits only what is touched. Phases ask `stackLeft` before they go deeper and give up in an orderly way.
+/// system commits only what is touched. How deep a source may be nested goes by `stackLeft` (syntax/nesting.h).
 
 namespace detail {
 /// Lowest usable address of the stack that runs now; 0 as long as nobody has asked.
@@ -22,14 +22,6 @@ inline std::size_t stackLeft() {
         limit = detail::findStackLimit();
     auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     return here > limit ? here - limit : 0;
-}
-
-/// What a recursive phase wants to find left before it goes one level deeper: room for the frames of that level and for
-/// what it calls, the reporter and the unwinder included.
-constexpr std::size_t stackReserve = 256 * 1024;
-
-inline bool stackIsLow() {
-    return stackLeft() < stackReserve;
 }
 
 /// Calls `function(argument)` on a big stack and returns when it returns. What it throws comes out here. Falls back on

@@ -4,7 +4,6 @@
 #include "syntax/tree_expressions.h"
 #include "syntax/well_known_names.h"
 
-#include <array>
 #include <string>
 
 namespace tarn {

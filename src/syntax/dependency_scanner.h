@@ -77,8 +77,7 @@ private:
 
     Arena arena_; ///< of the names built
     ClassNumbers numbers_;
-    std::vector<std::size_t>
-        ended_; ///< indices in `numbers_` of the classes that ended, of the outermost one that is open
+    std::vector<std::size_t> ended_; ///< indices in `numbers_` of what ended of the outermost class that is open
     bool firstClassSeen_ = false;
 };
 

@@ -12,23 +12,13 @@ Parser::Parser(Scanner& scanner, TreeFactory& factory)
 // Errors and recovery
 
 /// Reports an error after which parsing goes on with the current token.
-void Parser::report(Position at, MessageId message) {
-    if (!gaveUp_) reportError(at, message);
+void Parser::report(Position at, MessageId message, std::string_view argument) {
+    if (!gaveUp_) reportError(at, message, argument);
 }
 
 /// Reports an error, but only one for each token that the parser is stuck at, and skips.
-void Parser::syntaxError(Position at, MessageId message) {
-    syntaxError(at, message, {});
-}
-
 void Parser::syntaxError(Position at, MessageId message, std::string_view argument) {
-    if (scanner_.pos != scanner_.errorPos && !gaveUp_) {
-        if (argument.empty()) {
-            reportError(at, message);
-        } else {
-            reportError(at, message, argument);
-        }
-    }
+    if (scanner_.pos != scanner_.errorPos) report(at, message, argument);
     skip();
     scanner_.errorPos = scanner_.pos;
 }

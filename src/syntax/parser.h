@@ -67,9 +67,8 @@ private:
     }
     void expected(Token kind);
     Name* ident();
-    void report(Position at, MessageId message);
-    void syntaxError(Position at, MessageId message);
-    void syntaxError(Position at, MessageId message, std::string_view argument);
+    void report(Position at, MessageId message, std::string_view argument = {});
+    void syntaxError(Position at, MessageId message, std::string_view argument = {});
     void skip();
     Tree* erroneous();
     Tree* giveUp();

@@ -17,8 +17,12 @@ namespace tarn {
 
 namespace {
 
+int infixTag(Token token) {
+    return infixTags[static_cast<std::size_t>(token)];
+}
+
 bool isAssignment(Token token) {
-    return infixTags[static_cast<std::size_t>(token)] >= treetag::ASSIGN;
+    return infixTag(token) >= treetag::ASSIGN;
 }
 
 int precedenceOf(Token token) {
@@ -40,10 +44,6 @@ bool isPrefixOperator(Token token) {
 /// Whether it is a primitive type or `void`.
 bool isPrimitive(Token token) {
     return token >= Token::BOOLEAN && token <= Token::VOID;
-}
-
-int infixTag(Token token) {
-    return infixTags[static_cast<std::size_t>(token)];
 }
 
 } // namespace

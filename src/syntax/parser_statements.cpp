@@ -50,7 +50,7 @@ TreeBuffer* Parser::finalDeclaration(TreeBuffer* list) {
 TreeBuffer* Parser::abstractDeclaration(TreeBuffer* list) {
     std::uint32_t mods = modifiers();
     if (atClass()) return factory_.append(list, classOrInterface(mods));
-    if (!gaveUp_) reportError(pos(), messages::tokenExpected, "'class'");
+    report(pos(), messages::tokenExpected, "'class'");
     return list;
 }
 

@@ -98,8 +98,7 @@ Name* decimalName(int number) {
 Name* CompilationUnit::localClassName(const ClassDef& def, ClassSymbol* enclClass) {
     Name* outermost = enclClass->outermostClass()->flatName;
     Name* separator = Name::fromBytes("$");
-    bool isAnonymous = def.name->length > 0 && def.name->byteAt(0) >= '0' && def.name->byteAt(0) <= '9';
-    if (isAnonymous) return Name::concat(std::array{outermost, separator, def.name});
+    if (def.isAnonymous()) return Name::concat(std::array{outermost, separator, def.name});
     Name* number = decimalName(def.number != 0 ? def.number : localClassCount++);
     return Name::concat(std::array{outermost, separator, number, separator, def.name});
 }

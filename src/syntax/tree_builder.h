@@ -87,8 +87,7 @@ private:
     std::vector<TreeBuffer*> freeBuffers_;             ///< those not in use
     std::vector<Tree*> anonymousClasses_;              ///< that are complete
     ClassNumbers numbers_;
-    std::vector<ClassDef*>
-        classes_; ///< by index in `numbers_`, of the outermost class that is open; null until it ends
+    std::vector<ClassDef*> classes_; ///< of the outermost class that is open, by index in `numbers_`; null until ended
 };
 
 } // namespace tarn
