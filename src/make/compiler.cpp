@@ -48,6 +48,17 @@ TreeBuffer* parse(const StoreRef& source, TreeFactory& factory) {
     return nullptr;
 }
 
+/// Whether the classes that every program needs could be read. Reports.
+bool initUniverse() {
+    try {
+        context().initUniverse();
+        return true;
+    } catch (const IoFailure& failure) {
+        reportError(0, messages::initializationError, failure.what());
+        return false;
+    }
+}
+
 } // namespace
 
 void CompileTask::release() {
@@ -103,7 +114,7 @@ std::vector<bool> Compiler::compile(std::span<const StoreRef> sources, StoreRef 
     std::vector<CompileTask*> batch;
     try {
         for (const StoreRef& source : sources) memberQueue_.push_back(batch.emplace_back(enterFile(source)));
-        runQueues();
+        if (initUniverse()) runQueues();
     } catch (const CompileAbort&) {
         // Reported where it was thrown.
     }
@@ -117,29 +128,13 @@ std::vector<bool> Compiler::compile(std::span<const StoreRef> sources, StoreRef 
 CompilationUnit* Compiler::attribute(const StoreRef& source) {
     start(nullptr);
     CompilationUnit* unit = enterFile(source)->unit;
-    if (unit == nullptr) return nullptr;
-    try {
-        context().initUniverse();
-    } catch (const IoFailure& failure) {
-        reportError(0, messages::initializationError, failure.what());
-        return unit;
-    }
+    if (unit == nullptr || !initUniverse()) return unit;
     unit->memberEnter(nullptr);
     unit->attribute();
     return unit;
 }
 
 void Compiler::runQueues() {
-    try {
-        context().initUniverse();
-    } catch (const IoFailure& failure) {
-        reportError(0, messages::initializationError, failure.what());
-        return;
-    }
-    runTasks();
-}
-
-void Compiler::runTasks() {
     for (;;) {
         if (!memberQueue_.empty()) {
             runMemberQueue();
@@ -198,10 +193,11 @@ void Compiler::generate(CompileTask& task) {
 
 /// The make engine keeps a lean copy of each class, so that the trees can go.
 void Compiler::cloneForMake(CompilationUnit& unit) {
+    if (!context().options.trackDependencies) return;
     for (Tree* def : unit.defs | std::views::reverse) {
         if (def->tag != treetag::CLASSDEF) continue;
         ClassSymbol* symbol = static_cast<ClassDef*>(def)->classSymbol();
-        if (context().options.trackDependencies) context().classReader->classEntered(symbol, symbol->clone());
+        context().classReader->classEntered(symbol, symbol->clone());
     }
 }
 

@@ -54,7 +54,6 @@ private:
     CompileTask* parseFile(const StoreRef& source);
     CompileTask* enterFile(const StoreRef& source);
     void runQueues();
-    void runTasks();
     void runMemberQueue();
     void memberEnter(CompileTask* task);
     void attributeAndGenerate(CompileTask* task);

@@ -9,10 +9,6 @@ namespace tarn {
 
 namespace {
 
-constexpr int VERSION = 4;
-constexpr int IS_SUPERCLASS = 1;
-constexpr int IS_INTERFACE = 2;
-
 [[noreturn]] void failCorrupted() {
     throw IoFailure("corrupted file");
 }
@@ -104,7 +100,7 @@ std::span<Name*> DependencyDecoder::classNames() {
 }
 
 DependencyHeader DependencyDecoder::header() {
-    if (byte() != VERSION) throw IoFailure("bad format version");
+    if (byte() != dependencyformat::VERSION) throw IoFailure("bad format version");
     DependencyHeader header;
     header.package = package_ = name();
     header.stable = byte();
@@ -162,8 +158,8 @@ void DependencyDecoder::imports(ClassRecord& record, int count) {
         int flags = byte();
         import->date = date();
         import->fprint = static_cast<std::int32_t>(u32());
-        if ((flags & IS_SUPERCLASS) != 0) record.superclass = import;
-        if ((flags & IS_INTERFACE) != 0) interfaces.push_back(import);
+        if ((flags & dependencyformat::IS_SUPERCLASS) != 0) record.superclass = import;
+        if ((flags & dependencyformat::IS_INTERFACE) != 0) interfaces.push_back(import);
         if (record.hasRefs) {
             refs(import->varrefs);
             refs(import->funrefs);

@@ -19,9 +19,6 @@ namespace tarn {
 
 namespace {
 
-constexpr int VERSION = 4;
-constexpr int IS_SUPERCLASS = 1;
-constexpr int IS_INTERFACE = 2;
 constexpr Date QUARTER_HOUR = 450;
 constexpr std::size_t MOST = std::numeric_limits<std::uint16_t>::max(); ///< what a count or length can say
 
@@ -217,7 +214,7 @@ bool DependencyFiles::hasRoomForImports(const ClassNode& c) {
 std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package, Date writeDate) {
     if (package.sources.size() > MOST || package.classes.size() > MOST) throw IoFailure("too many classes");
     position_ = 0;
-    byte(VERSION);
+    byte(dependencyformat::VERSION);
     name(package.name);
     byte(package.stable ? 1 : 0);
     date(writeDate);
@@ -255,7 +252,8 @@ void DependencyFiles::putClass(const ClassNode& c) {
     byte(c.refsCached ? 1 : 0);
     for (const ImportRecord* import : c.imps.nodes()) {
         name(import->name);
-        byte((import == c.superclass ? IS_SUPERCLASS : 0) | (isInterface(import) ? IS_INTERFACE : 0));
+        byte((import == c.superclass ? dependencyformat::IS_SUPERCLASS : 0) |
+             (isInterface(import) ? dependencyformat::IS_INTERFACE : 0));
         date(import->date);
         u32(static_cast<std::uint32_t>(import->fprint));
         if (!c.refsCached) continue;

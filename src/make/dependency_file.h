@@ -10,11 +10,18 @@
 
 namespace tarn {
 
+/// Numbers of the format, which docs/dependency-files.md tells: its version, and the flags of an import.
+namespace dependencyformat {
+constexpr int VERSION = 4;
+constexpr int IS_SUPERCLASS = 1;
+constexpr int IS_INTERFACE = 2;
+} // namespace dependencyformat
+
 /// When the dependency files of a class library are said to be written: 1997-01-01 00:00:00. By this they are told from
 /// those of another archive without sources, which says no more of its classes than any other package.
 constexpr Date LIBRARY_DATE = 6248275200;
 
-/// What a dependency file says before its records. docs/dependency-files.md tells the format.
+/// What a dependency file says before its records.
 struct DependencyHeader {
     Name* package = nullptr; ///< dotted; "." for the unnamed package
     int stable = 0;          ///< 1 if the package was stable, 0 if not; what else stands there promises nothing

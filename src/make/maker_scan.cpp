@@ -80,8 +80,8 @@ StoreRef Maker::findClassFile(const ClassNode& c) {
 // ---- sources
 
 /// Takes the source up for this make; null if it is passed over: an earlier one of its name has its place, or its
-/// faults leave nothing of it. `directory` is the package
-/// whose directory it was found in, null for a source that was named.
+/// faults leave nothing of it. `directory` is the package whose directory it was found in, null for a source that was
+/// named.
 SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory, bool forMaking) {
     std::optional<std::string> path = store->canonicalPath();
     if (!path) {

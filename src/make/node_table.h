@@ -3,6 +3,7 @@
 #include "runtime/arena.h"
 #include "syntax/name.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 

@@ -197,12 +197,13 @@ namespace {
 void dropSites(ImportRecord& import) {
     std::vector<const Name*> own;
     for (const DefRecord* ref : import.funrefs.nodes()) own.push_back(ref->name);
-    import.funrefs.keepIf([&own](const DefRecord* ref) {
+    auto isFoundElsewhere = [&own](const DefRecord* ref) {
         return std::find(own.begin(), own.end(), widelyReferenced(ref)) == own.end();
-});
-} // namespace
+    };
+    import.funrefs.keepIf(isFoundElsewhere);
+}
 
-} // namespace tarn
+} // namespace
 
 /// Fills the wide references of a class whose references were cached when it was compiled.
 void Maker::recordWideRefs(ClassNode& c) {
