@@ -150,6 +150,24 @@ private:
     bool previous_;
 };
 
+/// Keeps reporter, source and suppression as they are at its start, whatever becomes current in its life.
+class ScopedReporting {
+public:
+    ScopedReporting() : reporter_(currentReporter()), source_(currentSource()), suppressed_(suppressed()) {}
+    ~ScopedReporting() {
+        setReporter(reporter_);
+        setSource(std::move(source_));
+        setSuppressed(suppressed_);
+    }
+    ScopedReporting(const ScopedReporting&) = delete;
+    ScopedReporting& operator=(const ScopedReporting&) = delete;
+
+private:
+    Reporter* reporter_;
+    StoreRef source_;
+    bool suppressed_;
+};
+
 /// Reports an error at a position of the current source (0: at no position), with up to five arguments for "%1" to
 /// "%5". Nothing happens while errors are suppressed, nor after 100 errors.
 void reportError(int position, MessageId id, std::initializer_list<Argument> arguments);

@@ -216,7 +216,7 @@ void Compiler::lowerAll() {
 // ---- on demand
 
 void Compiler::compileOnDemand(const StoreRef& source) {
-    StoreRef previous = currentSource();
+    ScopedSource same(currentSource());
     int errors = errorCount();
     CompileTask* task = nullptr;
     if (context().initialized) {
@@ -232,7 +232,6 @@ void Compiler::compileOnDemand(const StoreRef& source) {
         if (!entering_) runMemberQueue();
     }
     if (errorCount() != errors) throw CompileAbort{};
-    setSource(previous);
 }
 
 } // namespace tarn

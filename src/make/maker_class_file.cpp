@@ -12,19 +12,9 @@ namespace {
 
 /// What the make engine has to say is said, also if a class is named where the compiler only tries whether something
 /// holds.
-class ScopedSpeech {
+class ScopedSpeech : ScopedReporting {
 public:
-    ScopedSpeech() : suppressed_(setSuppressed(false)), source_(currentSource()) {}
-    ~ScopedSpeech() {
-        setSuppressed(suppressed_);
-        setSource(source_);
-    }
-    ScopedSpeech(const ScopedSpeech&) = delete;
-    ScopedSpeech& operator=(const ScopedSpeech&) = delete;
-
-private:
-    bool suppressed_;
-    StoreRef source_;
+    ScopedSpeech() { setSuppressed(false); }
 };
 
 } // namespace

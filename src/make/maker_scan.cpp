@@ -132,28 +132,6 @@ SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory,
     return &source;
 }
 
-namespace {
-
-/// Keeps the reporting state as it is while a source is scanned in the middle of something else.
-class ScopedReporting {
-public:
-    ScopedReporting() : reporter_(currentReporter()), source_(currentSource()), suppressed_(suppressed()) {}
-    ~ScopedReporting() {
-        setReporter(reporter_);
-        setSource(source_);
-        setSuppressed(suppressed_);
-    }
-    ScopedReporting(const ScopedReporting&) = delete;
-    ScopedReporting& operator=(const ScopedReporting&) = delete;
-
-private:
-    Reporter* reporter_;
-    StoreRef source_;
-    bool suppressed_;
-};
-
-} // namespace
-
 /// A faulty source is told of by the compile of its classes. One whose faults leave no class is not compiled, so its
 /// faults are told here, and it is passed over; the next run will look at it again. False then.
 bool Maker::scanSource(SourceNode& source, Date date) {
