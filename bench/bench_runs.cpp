@@ -2,12 +2,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-
-#include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -24,7 +22,6 @@ Run run(const std::vector<std::string>& command) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    auto start = std::chrono::steady_clock::now();
     pid_t child = 0;
     Run result;
     if (posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ) == 0) {
@@ -38,8 +35,6 @@ Run run(const std::vector<std::string>& command) {
         };
         result.cpuMilliseconds = milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
     }
-    std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
-    result.milliseconds = elapsed.count();
     posix_spawn_file_actions_destroy(&actions);
     return result;
 }

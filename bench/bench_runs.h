@@ -8,7 +8,6 @@ namespace tarn::bench {
 /// What one run of a program took.
 struct Run {
     int status = -1;
-    double milliseconds = 0;
     double cpuMilliseconds = 0; ///< of processor time: what a busy machine does not change much
     long peakKilobytes = 0;
 };

@@ -6,14 +6,14 @@
 
 namespace tarn::classlib {
 
-/// Modifier bits of a class file, as far as this tool asks for them. `Bridge` and `Volatile` are the same bit, and so
-/// are `Varargs` and `Transient`: the first of a pair is of a method, the second of a field.
+/// Modifier bits of a class file, as far as this tool asks for them. `Bridge` and `Volatile` are the same bit, the
+/// first of a method, the second of a field; so are `Super`, of a class, and `Synchronized`.
 namespace flags {
 inline constexpr std::uint16_t Public = 0x1, Private = 0x2, Protected = 0x4, Static = 0x8, Final = 0x10;
 inline constexpr std::uint16_t Super = 0x20, Synchronized = 0x20;
-inline constexpr std::uint16_t Bridge = 0x40, Volatile = 0x40, Varargs = 0x80, Transient = 0x80;
+inline constexpr std::uint16_t Bridge = 0x40, Volatile = 0x40, Transient = 0x80;
 inline constexpr std::uint16_t Native = 0x100, Interface = 0x200, Abstract = 0x400;
-inline constexpr std::uint16_t Synthetic = 0x1000, Module = 0x8000;
+inline constexpr std::uint16_t Synthetic = 0x1000;
 
 /// The bits that a class file of version 45.3 knows.
 inline constexpr std::uint16_t OfOldClass = Public | Final | Super | Interface | Abstract;

@@ -1,8 +1,6 @@
 #include "classlib/class_parser.h"
 
 #include <bit>
-#include <set>
-#include <utility>
 
 #include "classlib/descriptor.h"
 

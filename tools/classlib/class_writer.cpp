@@ -2,6 +2,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "classlib/byte_writer.h"
 
@@ -146,7 +147,7 @@ private:
         std::vector<const NestedClass*> chain;
         while (const ClassModel* named = library_.find(name)) {
             const NestedClass* own = named->ownEntry();
-            if (own == nullptr || !entered_.try_emplace(name, true).second) break;
+            if (own == nullptr || !entered_.insert(name).second) break;
             chain.push_back(own);
             name = own->outer;
         }
@@ -172,7 +173,7 @@ private:
     PoolWriter pool_;
     ByteWriter body_;
     std::vector<const NestedClass*> innerClasses_;
-    std::unordered_map<std::string_view, bool> entered_;
+    std::unordered_set<std::string_view> entered_; ///< names of the nested classes in `innerClasses_`
 };
 
 } // namespace

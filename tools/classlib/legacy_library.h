@@ -15,11 +15,10 @@ namespace tarn::classlib {
 /// What a program of the 1.1 language can see of a runtime's class library.
 ///
 /// In it are the public classes of `java.*`, `javax.*` and what is asked for besides, the public and protected classes
-/// nested in them, and what
-/// any of these extends or implements, wherever that is and whether it is public or not; a nested class brings the
-/// class around it along. Of each class it has the public and protected members that the old language has a
-/// notion of. It is closed: no class is named by it that is not in it. A class whose supertypes are not all there is
-/// left out, and so are the members that name a class left out.
+/// nested in them, and what any of these extends or implements, wherever that is and whether it is public or not; a
+/// nested class brings the class around it along. Of each class it has the public and protected members that the old
+/// language has a notion of. It is closed: no class is named by it that is not in it. A class whose supertypes are not
+/// all there is left out, and so are the members that name a class left out.
 class LegacyLibrary {
 public:
     /// The library of `image`, which must outlive this. `packages` are further ones, as "com.sun.jdi", each with those
