@@ -28,6 +28,7 @@ bool isInPackage(const Name* flatName, const Name* package) {
 template <class Record>
 bool hasTwice(const std::vector<Record>& records) {
     std::vector<const Name*> seen;
+    seen.reserve(records.size());
     for (const Record& record : records) seen.push_back(record.name);
     std::sort(seen.begin(), seen.end());
     return std::adjacent_find(seen.begin(), seen.end()) != seen.end();
