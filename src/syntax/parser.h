@@ -94,6 +94,7 @@ private:
     Tree* indexSuffix(Tree* t, Position start, int mode);
     Tree* classLiteral(Tree* t);
     Tree* typeOrName(int mode);
+    bool nameEnd(Tree*& t, Position start);
     Tree* typeOrNameStart(int mode);
     Tree* parenthesised(int mode);
     [[nodiscard]] bool atCastOperand() const;

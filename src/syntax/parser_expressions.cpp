@@ -261,25 +261,7 @@ Tree* Parser::typeOrName(int mode) {
     Tree* t = typeOrNameStart(mode);
     while (token() == Token::DOT) {
         step();
-        if (mode & EXPR) {
-            if (token() == Token::CLASS) {
-                t = classLiteral(t);
-                break;
-            }
-            if (token() == Token::THIS) {
-                t = self(treetag::THIS, t);
-                break;
-            }
-            if (token() == Token::SUPER) {
-                t = superWithQualifier(t, start);
-                break;
-            }
-            if (token() == Token::NEW) {
-                step();
-                t = innerCreator(t);
-                break;
-            }
-        }
+        if ((mode & EXPR) && nameEnd(t, start)) break;
         if (factory_.isExpr) {
             Position at = pos();
             t = factory_.select(at, t, ident());
@@ -298,6 +280,20 @@ Tree* Parser::typeOrName(int mode) {
         return factory_.basicType(start, names().error);
     }
     return t;
+}
+
+/// Adds to `t` the keyword that stands behind its dot, with what belongs to it. False if there is none that may.
+bool Parser::nameEnd(Tree*& t, Position start) {
+    switch (token()) {
+    case Token::CLASS: t = classLiteral(t); return true;
+    case Token::THIS: t = self(treetag::THIS, t); return true;
+    case Token::SUPER: t = superWithQualifier(t, start); return true;
+    case Token::NEW:
+        step();
+        t = innerCreator(t);
+        return true;
+    default: return false;
+    }
 }
 
 Tree* Parser::typeOrNameStart(int mode) {
