@@ -187,12 +187,12 @@ void DependencyDecoder::supertypes(ClassRecord& record, int count, bool areWante
             skipRefs();
             skipRefs();
         }
-        if (!areWanted || (flags & (IS_SUPERCLASS | IS_INTERFACE)) == 0) continue;
+        if (!areWanted || (flags & (dependencyformat::IS_SUPERCLASS | dependencyformat::IS_INTERFACE)) == 0) continue;
         auto* supertype = arena_.make<ImportRecord>();
         supertype->name = Name::fromBytes(name);
         if (name.empty() || supertype->name == record.name) failCorrupted();
-        if ((flags & IS_SUPERCLASS) != 0) record.superclass = supertype;
-        if ((flags & IS_INTERFACE) != 0) interfaces.push_back(supertype);
+        if ((flags & dependencyformat::IS_SUPERCLASS) != 0) record.superclass = supertype;
+        if ((flags & dependencyformat::IS_INTERFACE) != 0) interfaces.push_back(supertype);
     }
     record.interfaces = arena_.copyArray<ImportRecord*>(interfaces);
 }
