@@ -168,8 +168,7 @@ bool decode(std::string_view name, Source source, EscapeWriter& out) {
 std::optional<std::string> resolveEncoding(const std::optional<std::string>& name) {
     if (!name || *name == "null") return std::nullopt;
     if (*name != "default") return name;
-    std::optional<std::string> chosen = systemProperty("keelwright.compiler.file.encoding");
-    if (!chosen) chosen = systemProperty("file.encoding");
+    std::optional<std::string> chosen = systemProperty("file.encoding");
     if (!chosen || *chosen == LATIN_1) return std::nullopt;
     return chosen;
 }

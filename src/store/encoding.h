@@ -10,8 +10,8 @@ namespace tarn {
 
 /// The encoding of a run for the name that the user gave: absent, or a converter's name. It is not checked here, so a
 /// name that no converter has shows when the first source is decoded. An absent name and "null" mean no conversion;
-/// "default" means the default source encoding, which is the property "keelwright.compiler.file.encoding", else
-/// "file.encoding", else "8859_1", and as "8859_1" needs no conversion either.
+/// "default" means what is usual for the locale (the property "file.encoding"), which as "8859_1" needs no conversion
+/// either.
 std::optional<std::string> resolveEncoding(const std::optional<std::string>& name);
 
 /// Source bytes as pure ASCII, in which each UTF-16 unit above 0x7F is an escape \uXXXX in lower-case digits; absent if
