@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
+#include <poll.h>
 #include <unistd.h>
 
 namespace tarn {
@@ -13,10 +14,17 @@ namespace {
 char pending[1 << 16];
 std::size_t pendingLength = 0;
 
+/// Waits until the file takes more; false on a failure. The caller may have given an end of a pipe that does not wait
+/// by itself.
+bool awaitRoom(int file) {
+    pollfd wanted{file, POLLOUT, 0};
+    return ::poll(&wanted, 1, -1) > 0 || errno == EINTR;
+}
+
 void writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
+        if (written < 0 && (errno == EINTR || (errno == EAGAIN && awaitRoom(file)))) continue;
         if (written <= 0) return;
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
