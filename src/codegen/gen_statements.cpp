@@ -102,8 +102,10 @@ Item* WhileLoop::gen() {
 Item* ForLoop::gen() {
     Emitter& out = emitter();
     exit = cont = nullptr;
+    int first = out.code->nextVar;
+    genClause(init); // runs once, so it may assign a final variable
     Bits* saved = out.beginLoop();
-    genClause(init);
+    for (int i = first; i < out.code->nextVar; i++) out.loopFinals->incl(i);
     int start = out.curPc();
     if (cond != nullptr) out.statBegin(cond->pos);
     genRounds(this, cond != nullptr ? codegen::genCondition(cond) : items::cond(ALWAYS), body, step, start);

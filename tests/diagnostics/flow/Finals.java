@@ -14,6 +14,9 @@ class Finals {
         while (c) y = 1;
         //        ^ error 554: final variable y might already have been assigned to
         while (c) { final int z; z = 1; }
+        final int v;
+        while (c) for (v = 1; c; ) { }
+        //             ^ error 554: final variable v might already have been assigned to
         final int w;
         try { f(c, 1); } finally { w = 1; }
         w = 2;

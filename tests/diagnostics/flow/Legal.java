@@ -23,6 +23,12 @@ class Legal {
         }
     }
 
+    void inHeaders(boolean c) {
+        final int x;
+        for (x = 1; c; c = false) { for (final int y = x; c; c = y > 2) { } }
+        for (final int z; ; ) { z = 1; break; }
+    }
+
     int eachOutcome(boolean c, int k) {
         int x;
         if (c ? (x = k) > 0 : false) return x;
