@@ -241,6 +241,7 @@ void importAllPackage(int pos, CompilationUnit* unit, ClassSymbol* package) {
 void importUnnamed(Env* env, Name* name) {
     if (resolve::findType(env, name)->exists()) return;
     Symbol* c = resolve::loadClass(env, name);
+    if (c->kind == ACCESS_ERROR) c = static_cast<AccessError*>(c)->inaccessible; // who uses it will be told
     if (c->exists()) importSym(env->toplevel->namedImports, c);
 }
 
