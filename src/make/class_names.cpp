@@ -33,6 +33,7 @@ bool Maker::exists(const ClassNode& c) {
 /// A class that names one that is gone may mean another one now; if it has no source, what is recorded of it may be
 /// wrong. Whether it was compiled.
 bool Maker::remakeForGoneImports(ClassNode& c) {
+    if (c.written >= base_) return false; // a compile has found all that it names
     auto isGone = [this](const ImportRecord* import) {
         const ClassNode& imported = graph_.classNode(*import);
         if (imported.state >= stamp_ + progress::IN_HAND && imported.outer == nullptr) return false;
