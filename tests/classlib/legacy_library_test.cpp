@@ -35,38 +35,6 @@ Lines namesOf(const std::vector<ClassSource>& classes, const Lines& packages = {
 
 } // namespace
 
-TEST(LegacyLibrary, KeepsPublicAndProtectedMembersWithOldFlagsOnly) {
-    auto library = libraryOf({{.flags = PUBLIC | SUPER | FINAL | ENUM,
-                               .name = "java/a/A",
-                               .fields = {{PUBLIC | STATIC | FINAL | ENUM, "RED", "Ljava/a/A;"},
-                                          {PROTECTED | 0x40, "changing", "[J"},
-                                          {PUBLIC | SYNTHETIC, "made", "I"},
-                                          {PRIVATE, "hidden", "I"},
-                                          {0, "ofPackage", "I"}},
-                               .methods = {{PUBLIC | VARARGS | STRICT, "all", "([Ljava/lang/String;)V"},
-                                           {PUBLIC | BRIDGE | SYNTHETIC, "all", "([Ljava/lang/Object;)V"},
-                                           {PUBLIC | BRIDGE, "other", "()V"},
-                                           {PROTECTED | NATIVE | 0x20, "deep", "()I"},
-                                           {PRIVATE, "<init>", "()V"},
-                                           {0, "ofPackage", "()V"},
-                                           {STATIC, "<clinit>", "()V"}}}});
-    EXPECT_EQ(library.at("java/a/A").lines,
-              (Lines{"class 31 java/a/A extends java/lang/Object", "field 19 RED Ljava/a/A;", "field 44 changing [J",
-                     "method 1 all ([Ljava/lang/String;)V", "method 124 deep ()I"}));
-}
-
-TEST(LegacyLibrary, KeepsOnlyAbstractMethodsOfInterfaces) {
-    auto library = libraryOf({{.flags = PUBLIC | INTERFACE | ABSTRACT | ANNOTATION,
-                               .name = "javax/a/I",
-                               .fields = {{PUBLIC | STATIC | FINAL, "X", "Ljava/lang/Object;"}},
-                               .methods = {{PUBLIC | ABSTRACT, "must", "()V"},
-                                           {PUBLIC | STATIC, "of", "()V"},
-                                           {PUBLIC, "may", "()V"},
-                                           {PRIVATE, "inside", "()V"}}}});
-    EXPECT_EQ(library.at("javax/a/I").lines, (Lines{"class 601 javax/a/I extends java/lang/Object",
-                                                    "field 19 X Ljava/lang/Object;", "method 401 must ()V"}));
-}
-
 TEST(LegacyLibrary, KeepsConstantsOfStaticFinalFieldsWhoseTypeFits) {
     auto field = [](unsigned flags, std::string type, std::optional<int> number, std::optional<std::string> text = {}) {
         return MemberSource{.flags = PUBLIC | flags,
@@ -147,39 +115,6 @@ TEST(LegacyLibrary, LeavesOutWhatNamesAClassThatIsNotIn) {
     auto library = libraryOf(classes);
     EXPECT_EQ(library.at("java/A").lines, (Lines{"class 21 java/A extends java/lang/Object", "field 1 h Ljava/A;",
                                                  "method 1 p ()V throws java/lang/Object"}));
-}
-
-TEST(LegacyLibrary, TakesVisibleNestedClassesWithTheirOuterClass) {
-    std::vector<NestedSource> nested = {{"java/A$In", "java/A", "In", PROTECTED | STATIC | SUPER | STRICT},
-                                        {"java/A$In$Deep", "java/A$In", "Deep", PUBLIC | STATIC | INTERFACE | ABSTRACT},
-                                        {"java/A$Private", "java/A", "Private", PRIVATE},
-                                        {"java/A$1Local", "", "Local", PUBLIC},
-                                        {"java/A$1", "", "", STATIC}};
-    std::vector<NestedSource> ofHidden = {{"java/H$In", "java/H", "In", PUBLIC | STATIC}};
-    std::vector<ClassSource> classes = {
-        {.flags = PUBLIC | SUPER, .name = "java/A", .nested = nested},
-        {.flags = PUBLIC | SUPER, .name = "java/A$In", .nested = nested},
-        {.flags = PUBLIC | INTERFACE | ABSTRACT, .name = "java/A$In$Deep", .nested = nested},
-        {.flags = SUPER, .name = "java/A$Private", .nested = nested},
-        {.flags = PUBLIC | SUPER, .name = "java/A$1Local", .nested = nested},
-        {.flags = SUPER, .name = "java/A$1", .nested = nested},
-        {.flags = SUPER, .name = "java/H", .nested = ofHidden},
-        {.flags = PUBLIC | SUPER, .name = "java/H$In", .nested = ofHidden},
-        {.flags = PUBLIC | SUPER,
-         .name = "java/User",
-         .interfaces = {"java/A$In$Deep"},
-         .methods = {{PUBLIC, "m", "(Ljava/A$In;)V"}},
-         .nested = nested}};
-    EXPECT_EQ(namesOf(classes), (Lines{"java/A", "java/A$In", "java/A$In$Deep", "java/User"}));
-    auto library = libraryOf(classes);
-    std::string in = "inner c java/A$In = In of java/A", deep = "inner 609 java/A$In$Deep = Deep of java/A$In";
-    EXPECT_EQ(library.at("java/A").lines, (Lines{"class 21 java/A extends java/lang/Object", in}));
-    EXPECT_EQ(library.at("java/A$In").lines, (Lines{"class 21 java/A$In extends java/lang/Object", in, deep}));
-    EXPECT_EQ(library.at("java/A$In$Deep").lines,
-              (Lines{"class 601 java/A$In$Deep extends java/lang/Object", in, deep}));
-    EXPECT_EQ(library.at("java/User").lines,
-              (Lines{"class 21 java/User extends java/lang/Object implements java/A$In$Deep",
-                     "method 1 m (Ljava/A$In;)V", in, deep}));
 }
 
 TEST(LegacyLibrary, KeepsDeprecationsThatAreNotNewerThan11) {

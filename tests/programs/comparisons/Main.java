@@ -118,17 +118,6 @@ public class Main {
         flush("references: ");
     }
 
-    static int signum(long l) {
-        return l < 0 ? -1 : l > 0 ? 1 : 0;
-    }
-
-    static int compare(String a, String b) {
-        int n = a.length() < b.length() ? a.length() : b.length();
-        for (int i = 0; i < n; i++)
-            if (a.charAt(i) != b.charAt(i)) return a.charAt(i) < b.charAt(i) ? -1 : 1;
-        return a.length() == b.length() ? 0 : a.length() < b.length() ? -1 : 1;
-    }
-
     public static void main(String[] args) {
         int[] is = { 0, 1, -1, Integer.MAX_VALUE, Integer.MIN_VALUE };
         long[] ls = { 0, 1, -1, Long.MAX_VALUE, Long.MIN_VALUE, 1L << 32 };
@@ -143,6 +132,5 @@ public class Main {
         mixed();
         logic();
         references();
-        System.out.println(signum(-5000000000L) + " " + signum(0) + " " + signum(1L << 33) + " " + compare("abc", "abd") + compare("abc", "ab") + compare("", ""));
     }
 }

@@ -76,63 +76,10 @@ public class Main {
         System.out.println((no ? array : new int[] { 7, 8, 9 })[2] + (yes ? array : null)[1]);
     }
 
-    static String grade(int points) {
-        return points >= 90 ? "A" : points >= 80 ? "B" : points >= 70 ? "C" : "F";
-    }
-
-    static int calls;
-
-    static int call(int i) {
-        calls++;
-        return i;
-    }
-
-    static void control() {
-        System.out.println(grade(95) + grade(85) + grade(75) + grade(5));
-        int x = yes ? call(1) : call(2), y = no ? call(3) : yes ? call(4) : call(5);
-        System.out.println(x + " " + y + " calls " + calls);
-        System.out.println((yes ? no : yes) ? "first" : (no ? no : yes) ? "second" : "third");
-        if (yes ? no : yes) System.out.println("wrong");
-        if (yes ? !no : call(9) > 0) System.out.println("right");
-        boolean v = no ? yes : !yes ? yes : !no;
-        v &= yes ? v : no;
-        System.out.println(v + " " + !(yes ? v : no) + " " + ((yes ? 1 : 0) + (no ? 10 : 20)) + " " + (calls > 1 ? calls > 2 ? "many" : "two" : "few"));
-        int[] a = { 1, 2, 3 };
-        a[yes ? 0 : 1] = no ? 10 : 20;
-        a[no ? 0 : 1] += yes ? a[0] : a[2];
-        int k = 0;
-        a[2] = yes ? k++ : k--;
-        a[2] -= no ? k++ : --k;
-        System.out.println(a[0] + " " + a[1] + " " + a[2] + " " + k);
-        System.out.println(true ? x : y);
-        System.out.println(false ? x : y);
-        System.out.println((x > y ? x : y) + (x < y ? x : y) * (x == y ? 0 : x != y ? 100 : 1));
-        String s = x > y ? "x" : x < y ? "y" : null;
-        s += s == null ? "" : s.length() > 0 ? s : "?";
-        System.out.println(s);
-        final boolean debug = false;
-        System.out.println(debug ? "debug" : "plain");
-        System.out.println(max(3, 9, 4) + " " + max(9, 4, 3) + " " + max(1, 2, 3));
-    }
-
-    static void parts() {
-        int a = 1, b = 2;
-        System.out.println((a < b ? b = 5 : a) + " " + b);
-        Object o = "s";
-        System.out.println("a" + o instanceof String ? 1 : 2);
-        System.out.println(1 + 1 < 3 == o instanceof String);
-        System.out.println((Object) int.class + " " + ((Class) void.class).getName());
-    }
-
-    static int max(int a, int b, int c) {
-        return a > b ? a > c ? a : c : b > c ? b : c;
-    }
 
     public static void main(String[] args) {
         types();
         values();
         conversions();
-        control();
-        parts();
     }
 }

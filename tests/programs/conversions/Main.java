@@ -111,39 +111,6 @@ public class Main {
         System.out.println(index[one] + " " + index[two] + " " + index['\3'] + " " + new int[one + two].length);
     }
 
-    static void references() {
-        Object o = "text";
-        String s = (String) o;
-        Object[] os = new String[] { "a", "b" };
-        String[] ss = (String[]) os;
-        Object arrays = new int[][] { { 1, 2 }, { 3 } };
-        int[][] back = (int[][]) arrays;
-        Cloneable cloneable = (Cloneable) arrays;
-        Object[] rows = (Object[]) arrays;
-        Runnable r = new Both();
-        Both both = (Both) r;
-        Named named = (Named) r;
-        System.out.println(s + ss[1] + back[1][0] + ((int[]) rows[0])[1] + named.name() + both.name() + ((int[][]) cloneable).length);
-        System.out.println((Object) null + " " + (String) null + " " + ((Object) "x" == (Object) "x"));
-        int failures = 0;
-        try { s = (String) (Object) new Integer(1); } catch (ClassCastException e) { failures++; }
-        try { back = (int[][]) (Object) new long[1][1]; } catch (ClassCastException e) { failures++; }
-        try { ss = (String[]) new Object[] { "a" }; } catch (ClassCastException e) { failures++; }
-        try { named = (Named) (Object) "x"; } catch (ClassCastException e) { failures++; }
-        try { ((Named) new Thread()).name(); } catch (ClassCastException e) { failures++; }
-        System.out.println("failed casts: " + failures);
-        Object[] things = { "s", new Integer(1), new int[1], new String[1], new int[1][1], new Both(), null, new char[0] };
-        for (int i = 0; i < things.length; i++) {
-            Object t = things[i];
-            System.out.println((t instanceof Object) + " " + (t instanceof String) + " " + (t instanceof Number) + " " + (t instanceof int[])
-                + " " + (t instanceof Object[]) + " " + (t instanceof String[]) + " " + (t instanceof Named) + " " + (t instanceof int[][])
-                + " " + (t instanceof Cloneable) + " " + (t instanceof char[] || t instanceof Runnable ? "x" : "-"));
-        }
-        if (!(o instanceof Number)) System.out.println("no number");
-        boolean is = o instanceof String, not = !(o instanceof String);
-        System.out.println(is + " " + not + " " + (is == o instanceof Object));
-    }
-
     public static void main(String[] args) {
         byte[] bytes = { 127, -128 };
         for (int i = 0; i < bytes.length; i++) casts(bytes[i]);
@@ -161,19 +128,5 @@ public class Main {
         for (int i = 0; i < doubles.length; i++) casts(doubles[i]);
         folded();
         implicit();
-        references();
-    }
-}
-
-interface Named {
-    String name();
-}
-
-class Both implements Named, Runnable {
-    public String name() {
-        return "both";
-    }
-
-    public void run() {
     }
 }

@@ -129,33 +129,6 @@ public class Main {
         return s + "m";
     }
 
-    static int deepReturn(int kind) {
-        int x = 0;
-        try {
-            x += 1;
-            try {
-                x += 10;
-                try {
-                    x += 100;
-                    if (kind == 0) return x;
-                    x += 1000;
-                } finally {
-                    say(x);
-                    x += 10000;
-                    if (kind == 1) return x;
-                }
-            } finally {
-                say(x);
-                x += 100000;
-                if (kind == 2) return x;
-            }
-        } finally {
-            say(x);
-            x += 1000000;
-        }
-        return x;
-    }
-
     static void jumps() {
         for (int i = 0; i < 4; i++) {
             try {
@@ -278,8 +251,6 @@ public class Main {
         flush("returns");
         for (int kind = 0; kind <= 4; kind++) say("-> " + nested(kind));
         flush("nested");
-        for (int kind = 0; kind <= 3; kind++) say("-> " + deepReturn(kind));
-        flush("deep returns");
         jumps();
         say(locked(0));
         say(locked(3));

@@ -85,27 +85,11 @@ public class Main {
         flush("first object of Derived");
         new Derived(4);
         flush("second");
-        say("" + OnlyBase.fromBase);
-        flush("inherited static initializes the base only");
-        say("" + OnlyBase.call());
-        flush("own static method");
         say("" + Implementor.PLAIN);
         new Implementor();
         flush("interface fields stay asleep");
         say("" + Implementor.COMPUTED + HasFields.OTHER);
         flush("until they are asked for");
-        say("" + CycleA.x + CycleB.y);
-        flush("cycle");
-        for (int i = 0; i < 2; i++) {
-            try {
-                say("" + Failing.value);
-            } catch (ExceptionInInitializerError e) {
-                say("failed by " + e.getException().getMessage());
-            } catch (NoClassDefFoundError e) {
-                say("failed before");
-            }
-        }
-        flush("failing initializer");
         new Virtual();
         flush("virtual call from the constructor");
         say(Blank.A + " " + Blank.B + " " + new Blank(true).c + new Blank(false).c + " " + new Blank("q").c + " " + new Blank(true).list[1]);
@@ -162,18 +146,6 @@ class Derived extends Base {
     }
 }
 
-class OnlyBase extends Base {
-    static { Main.say("OnlyBase.static"); }
-
-    OnlyBase() {
-        super(0);
-    }
-
-    static int call() {
-        return 1;
-    }
-}
-
 interface HasFields {
     int PLAIN = 7;
     int COMPUTED = Main.say("HasFields.COMPUTED");
@@ -182,22 +154,6 @@ interface HasFields {
 
 class Implementor implements HasFields {
     static { Main.say("Implementor.static"); }
-}
-
-class CycleA {
-    static int x = CycleB.y + 1;
-}
-
-class CycleB {
-    static int y = CycleA.x + 10;
-}
-
-class Failing {
-    static int value = 1;
-
-    static {
-        if (value > 0) throw new RuntimeException("static block");
-    }
 }
 
 class Virtual {

@@ -58,17 +58,6 @@ public class Main {
         }
     }
 
-    static void unary() {
-        for (int i = 0; i < ints.length; i++) {
-            int a = ints[i];
-            System.out.println("-" + a + " = " + -a + ", ~ = " + ~a + ", + = " + +a + ", - - = " + - -a + ", ~-a = " + ~-a);
-        }
-        for (int i = 0; i < longs.length; i++) {
-            long a = longs[i];
-            System.out.println("-" + a + " = " + -a + ", ~ = " + ~a + ", + = " + +a + ", -~a = " + -~a);
-        }
-    }
-
     static void check(String what, long folded, long computed) {
         System.out.println(what + " = " + folded + (folded == computed ? "" : " BUT COMPUTED " + computed));
     }
@@ -109,20 +98,6 @@ public class Main {
             one + 2 * three - 4 / 2 % three << one | 8 & 12 ^ 5);
     }
 
-    static void divisionByZero() {
-        int zero = 0, caught = 0;
-        long lzero = 0;
-        try { note(5 / zero); } catch (ArithmeticException e) { caught++; System.out.println(e.getMessage()); }
-        try { note(5 % zero); } catch (ArithmeticException e) { caught++; }
-        try { note(5L / lzero); } catch (ArithmeticException e) { caught++; }
-        try { note(5L % zero); } catch (ArithmeticException e) { caught++; }
-        try { zero /= zero; } catch (ArithmeticException e) { caught++; }
-        try { lzero %= 0 * lzero; } catch (ArithmeticException e) { caught++; }
-        try { int unused = 1 / zero; } catch (ArithmeticException e) { caught++; }
-        try { int unused = 1 / 0; } catch (ArithmeticException e) { caught++; }
-        System.out.println("divisions by zero: " + caught);
-    }
-
     /** Operands that are narrower than an int. */
     static void narrowOperands() {
         byte b = -128;
@@ -138,9 +113,7 @@ public class Main {
     public static void main(String[] args) {
         binaryInts();
         binaryLongs();
-        unary();
         folding();
-        divisionByZero();
         narrowOperands();
     }
 }
