@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <functional>
@@ -71,7 +72,9 @@ void DirectoryStore::moveDateOn(Date units) {
     PlatformPath path(path_);
     struct stat status;
     if (::stat(path.get(), &status) != 0) return;
-    const timespec times[] = {{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, {.tv_sec = status.st_mtim.tv_sec + 2 * units}};
+    // A full unit is what every archive keeps of it.
+    std::time_t even = status.st_mtim.tv_sec + status.st_mtim.tv_sec % 2;
+    const timespec times[] = {{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, {.tv_sec = even + 2 * units}};
     ::utimensat(AT_FDCWD, path.get(), times, 0);
 }
 

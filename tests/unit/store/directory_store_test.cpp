@@ -123,6 +123,21 @@ TEST(DirectoryStore, IsEqualBySamePlaceAndDate) {
     EXPECT_NE(hash, one.hashCode());
 }
 
+TEST(DirectoryStore, ADateThatIsMovedOnIsOneThatArchivesKeep) {
+    ScratchDirectory directory;
+    std::string path = directory.put("A.class", "x");
+    for (time_t second : {900000000, 900000001}) {
+        const timespec times[] = {{.tv_sec = second}, {.tv_sec = second}};
+        ASSERT_EQ(0, ::utimensat(AT_FDCWD, path.c_str(), times, 0));
+        DirectoryStore file(path);
+        Date before = file.date();
+        file.moveDateOn(1);
+        struct stat status {};
+        ASSERT_EQ(0, ::stat(path.c_str(), &status));
+        EXPECT_TRUE(file.date() == before + 1 && status.st_mtim.tv_sec % 2 == 0) << second;
+    }
+}
+
 TEST(DirectoryStore, ReachesAFileByAnUnevenPath) {
     ScratchDirectory directory;
     directory.put("A.java", "text");
