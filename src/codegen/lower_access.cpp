@@ -6,9 +6,11 @@
 #include "semantic/scope.h"
 #include "syntax/tree_declarations.h"
 #include "syntax/tree_expressions.h"
+#include "syntax/tree_statements.h"
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 // Access methods. To the virtual machine a private member is its own class's alone, so the other classes of the nest
@@ -135,18 +137,24 @@ void Lowering::addAccessMethods(ClassDef* tree) {
     for (Accessed& each : accessed_)
         if (each.host == c) own.push_back(&each);
     // The members of the class come first, the last of them in front; then those that it inherits.
-    std::vector<const Symbol*> members;
-    for (const Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling)
-        members.push_back(entry->sym);
-    auto rank = [&](const Accessed* each) { return std::find(members.begin(), members.end(), each->member); };
+    std::unordered_map<const Symbol*, std::size_t> ranks;
+    if (own.size() > 1)
+        for (const Symbol* entry = c->members->elems; entry != nullptr; entry = entry->sibling)
+            ranks.emplace(entry->sym, ranks.size());
+    auto rank = [&](const Accessed* each) {
+        auto found = ranks.find(each->member);
+        return found == ranks.end() ? ranks.size() : found->second;
+    };
     std::stable_sort(own.begin(), own.end(), [&](const Accessed* a, const Accessed* b) { return rank(a) < rank(b); });
+    std::vector<Tree*> defs;
     for (Accessed* each : own) {
         std::stable_sort(each->methods.begin(), each->methods.end(),
                          [](const AccessMethod& a, const AccessMethod& b) { return a.op < b.op; });
-        for (const AccessMethod& method : each->methods) append(tree, makeAccessMethod(*each, method, tree));
+        for (const AccessMethod& method : each->methods) defs.push_back(makeAccessMethod(*each, method, tree));
     }
     for (const AccessConstructor& each : accessConstructors_)
-        if (each.symbol->owner == c) append(tree, makeAccessConstructor(each.symbol, each.target, tree));
+        if (each.symbol->owner == c) defs.push_back(makeAccessConstructor(each.symbol, each.target, tree));
+    if (!defs.empty()) tree->body->stats = make_.concat(tree->body->stats, defs);
 }
 
 Tree* Lowering::makeAccessMethod(const Accessed& accessed, const AccessMethod& method, ClassDef* tree) {

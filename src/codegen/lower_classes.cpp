@@ -170,11 +170,6 @@ void Lowering::finishConstructor(MethodDef* tree, ClassInfo& info) {
     tree->body->stats = make_.concat(make_.concat(stats.first(at), assignments), stats.subspan(at));
 }
 
-void Lowering::append(ClassDef* tree, Tree* def) {
-    Tree* const added[] = {def};
-    tree->body->stats = make_.concat(tree->body->stats, added);
-}
-
 // ---- members
 
 namespace {

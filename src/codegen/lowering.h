@@ -88,7 +88,6 @@ private:
     void findEarlyStores();
     void addHiddenFields(ClassDef* tree, ClassInfo& info);
     void finishConstructor(MethodDef* tree, ClassInfo& info);
-    void append(ClassDef* tree, Tree* def);
     void enterMember(ClassSymbol* c, Symbol* made);
     void enterMemberClasses();
     void orderMembers(ClassDef* tree);

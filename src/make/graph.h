@@ -114,6 +114,7 @@ struct ClassNode {
     NodeTable<ImportRecord> imps;        ///< every class named in its constant pool, but for itself
     std::uint32_t flags = 0;             ///< modifiers that importers see; valid with the definitions
     std::int32_t abstracts = 0;          ///< fingerprint of its abstract methods; likewise
+    unsigned walked = 0;                 ///< the number of the walk over supertypes that came by last
     ImportRecord* superclass = nullptr;  ///< one of `imps` if they are valid; null for java.lang.Object
     std::span<ImportRecord*> interfaces; ///< some of `imps`, likewise
 

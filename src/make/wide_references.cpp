@@ -8,10 +8,10 @@
 
 #include "make/change_detection.h"
 #include "make/maker.h"
+#include "semantic/symbol.h"
 #include "semantic/universe.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
 namespace tarn {
@@ -61,23 +61,23 @@ bool Maker::isOfLibrary(const ClassNode& c) {
 
 /// All supertypes but Object, each once; those of a class of a library are not looked for.
 std::vector<ClassNode*> Maker::supertypesOf(ClassNode& c) {
-    constexpr std::size_t FEW = 16;
     std::vector<ClassNode*> found;
-    std::unordered_set<const ClassNode*> index; // of those found, if they are more than a few
-    auto isNew = [&](const ClassNode* node) {
-        if (found.size() < FEW) return std::find(found.begin(), found.end(), node) == found.end();
-        if (index.empty()) index.insert(found.begin(), found.end());
-        return index.insert(node).second;
-    };
+    const Walk walk = newWalk();
+    c.walked = walk;
     auto add = [&](const ImportRecord* supertype) {
         if (supertype == nullptr || supertype->name == names().javaLangObject) return;
-        ClassNode* node = &graph_.classNode(*supertype);
-        if (node != &c && isNew(node)) found.push_back(node);
+        ClassNode& node = graph_.classNode(*supertype);
+        if (std::exchange(node.walked, walk) != walk) found.push_back(&node);
+    };
+    auto learn = [&](ClassNode& next) { // which can lead to a compile, and to other walks
+        cacheImps(next);
+        c.walked = walk;
+        for (ClassNode* node : found) node->walked = walk;
     };
     for (std::size_t i = 0; i <= found.size(); i++) {
         ClassNode& next = i == 0 ? c : *found[i - 1];
         if (i != 0 && isOfLibrary(next)) continue;
-        if (!next.supersCached) cacheImps(next);
+        if (!next.supersCached) learn(next);
         add(next.superclass);
         for (const ImportRecord* supertype : next.interfaces) add(supertype);
     }

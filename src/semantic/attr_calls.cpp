@@ -123,8 +123,9 @@ void addPassingConstructor(NewClass* tree, Env* env, ClassSymbol* c, Types args)
     Trees stats = arena.makeArray<Tree*>(1);
     stats.front() = arena.make<Exec>(pos, call);
     Trees thrown = target == nullptr ? Trees{} : knownTypes(arena, pos, target->type->thrown());
-    def->prepend(arena, arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, 0U, nullptr, params, thrown,
-                                              arena.make<Block>(pos, stats)));
+    Tree* const made[] = {arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, 0U, nullptr, params,
+                                                thrown, arena.make<Block>(pos, stats))};
+    def->prepend(arena, made);
 }
 
 /// Makes the qualifier of a creation with a class body its first argument.

@@ -8,6 +8,7 @@
 #include "syntax/tree_expressions.h"
 #include "syntax/tree_statements.h"
 
+#include <algorithm>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -155,7 +156,7 @@ void checkImplementations(ClassDef* tree) {
 
 namespace {
 
-void addStub(ClassDef* tree, MethodSymbol* a) {
+MethodDef* makeStub(ClassDef* tree, const MethodSymbol* a) {
     Arena& arena = tree->env->toplevel->arena;
     int pos = tree->pos;
     const Types& args = *a->type->argTypes();
@@ -168,8 +169,8 @@ void addStub(ClassDef* tree, MethodSymbol* a) {
     std::uint32_t flags = flag::PUBLIC | flag::ABSTRACT;
     auto* def = arena.make<MethodDef>(arena, pos, treetag::METHODDEF, a->name, flags,
                                       arena.make<KnownType>(pos, a->type->resType()), params, thrown, nullptr);
-    tree->prepend(arena, def);
     def->memberEnter(tree->env);
+    return def;
 }
 
 bool isStub(const ClassDef* tree, const MethodSymbol* m) {
@@ -182,7 +183,8 @@ void narrowStub(MethodSymbol* stub, const MethodSymbol* a) {
     stub->type = context().methodType(*stub->type->argTypes(), stub->type->resType(), thrown);
 }
 
-void addStubsFor(const ClassSymbol* c, ClassDef* tree, Walk search) {
+/// The newest stub comes last.
+void makeStubsFor(const ClassSymbol* c, ClassDef* tree, std::vector<Tree*>& stubs, Walk search) {
     for (ClassSymbol* i : c->interfaces) {
         if (!i->isNewTo(search) || i->members == nullptr) continue;
         for (Symbol* entry = i->members->elems; entry != nullptr; entry = entry->sibling) {
@@ -190,21 +192,24 @@ void addStubsFor(const ClassSymbol* c, ClassDef* tree, Walk search) {
             auto* a = static_cast<MethodSymbol*>(entry->sym);
             MethodSymbol* d = overrider(tree->classSymbol(), a);
             if (d == nullptr)
-                addStub(tree, a);
+                stubs.push_back(makeStub(tree, a));
             else if (d->type->resType() != a->type->resType())
                 reportError(tree->pos, messages::implementWithDifferentReturnType, d, d->location(), a, a->location(),
                             a->type->resType());
             else if (isStub(tree, d))
                 narrowStub(d, a);
         }
-        addStubsFor(i, tree, search);
+        makeStubsFor(i, tree, stubs, search);
     }
 }
 
 } // namespace
 
 void addInterfaceStubs(ClassDef* tree) {
-    addStubsFor(tree->classSymbol(), tree, newWalk());
+    std::vector<Tree*> stubs;
+    makeStubsFor(tree->classSymbol(), tree, stubs, newWalk());
+    std::reverse(stubs.begin(), stubs.end());
+    tree->prepend(tree->env->toplevel->arena, stubs);
 }
 
 // ---- constructors that call each other

@@ -207,14 +207,16 @@ void ClassDef::addDefaultConstructor() {
         if (def->tag == treetag::METHODDEF && static_cast<const MethodDef*>(def)->name == names().init) return;
     Arena& arena = env->toplevel->arena;
     auto* empty = arena.make<Block>(pos, Trees{});
-    prepend(arena, arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, sym->flags & ACCESS_FLAGS,
-                                         nullptr, Trees{}, Trees{}, empty));
+    Tree* const made[] = {arena.make<MethodDef>(arena, pos, treetag::METHODDEF, names().init, sym->flags & ACCESS_FLAGS,
+                                                nullptr, Trees{}, Trees{}, empty)};
+    prepend(arena, made);
 }
 
-void ClassDef::prepend(Arena& arena, Tree* def) {
-    Trees longer = arena.makeArray<Tree*>(body->stats.size() + 1);
-    longer.front() = def;
-    std::copy(body->stats.begin(), body->stats.end(), longer.begin() + 1);
+void ClassDef::prepend(Arena& arena, std::span<Tree* const> defs) {
+    if (defs.empty()) return;
+    Trees longer = arena.makeArray<Tree*>(defs.size() + body->stats.size());
+    auto rest = std::copy(defs.begin(), defs.end(), longer.begin());
+    std::copy(body->stats.begin(), body->stats.end(), rest);
     body->stats = longer;
 }
 

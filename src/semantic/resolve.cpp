@@ -207,15 +207,14 @@ bool isApplicable(const Symbol* sym, Types args) {
     return formals != nullptr && isSubTypes(args, *formals);
 }
 
-/// Whether `m1` is at least as good as `m2`.
-bool moreSpecific(Env* env, ClassSymbol* site, Symbol* m1, Symbol* m2) {
+/// Whether `m1` is at least as good as `m2`. `inherits` says that the class of the one is known to inherit from that of
+/// the other; to find it out takes a walk up the classes.
+bool moreSpecific(Env* env, ClassSymbol* site, Symbol* m1, Symbol* m2, bool inherits = false) {
     if (!isAccessible(env, site, m2)) return true;
     if (!isAccessible(env, site, m1)) return false;
     if (isMemberOf(site, m1) != isMemberOf(site, m2)) return isMemberOf(site, m1);
-    if (!m1->isStatic() && !m2->isStatic() && !m1->owner->isInterface() && !m2->owner->isInterface() &&
-        !m1->owner->isSubClass(m2->owner))
-        return false;
-    return isSubTypes(*m1->type->argTypes(), *m2->type->argTypes());
+    inherits = inherits || m1->isStatic() || m2->isStatic() || m1->owner->isInterface() || m2->owner->isInterface();
+    return (inherits || m1->owner->isSubClass(m2->owner)) && isSubTypes(*m1->type->argTypes(), *m2->type->argTypes());
 }
 
 bool isBetterOrEqual(Env* env, ClassSymbol* site, Symbol* best, Symbol* sym) {
@@ -247,14 +246,14 @@ Symbol* checkAmbiguity(Env* env, ClassSymbol* c, Symbol* m, ClassSymbol* site, T
     return m;
 }
 
-/// For a class whose member chain holds all candidates.
+/// For a class whose member chain holds all candidates, those of a class in front of those that it inherits.
 Symbol* findInChain(Env* env, ClassSymbol* site, Name* name, Types args) {
     Symbol* first = site->members->lookup(name);
     while (first->scope != nullptr && !isApplicable(first->sym, args)) first = first->nextEntry();
     if (first->scope == nullptr) return methodNotFound();
     Symbol* best = first->sym;
     for (Symbol* entry = first->nextEntry(); entry->scope != nullptr; entry = entry->nextEntry())
-        if (isApplicable(entry->sym, args) && !moreSpecific(env, site, best, entry->sym)) best = entry->sym;
+        if (isApplicable(entry->sym, args) && !moreSpecific(env, site, best, entry->sym, true)) best = entry->sym;
     if (best != first->sym)
         for (Symbol* entry = first; entry->scope != nullptr; entry = entry->nextEntry())
             if (isAmbiguousWith(env, site, best, entry->sym, args)) return ambiguityError(best, entry->sym);

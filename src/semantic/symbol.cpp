@@ -114,11 +114,6 @@ bool ClassSymbol::isRootClass() const {
     return flatName == names().javaLangObject;
 }
 
-Walk newWalk() {
-    static Walk walks = 0;
-    return ++walks;
-}
-
 namespace {
 
 bool descendsFrom(const ClassSymbol* c, const Symbol* base, bool isInterface, Walk walk) {

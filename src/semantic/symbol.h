@@ -169,7 +169,10 @@ public:
 };
 
 /// The number of a new walk over supertypes, never 0.
-Walk newWalk();
+inline Walk newWalk() {
+    static constinit Walk walks = 0;
+    return ++walks;
+}
 
 /// The failed outcome of a search: a kind from AMBIGUOUS up.
 class ResolveError : public Symbol {

@@ -99,8 +99,8 @@ public:
     }
     /// Where the class goes; null if the file cannot be made. Throws IoFailure.
     StoreRef outFile(const StoreRef& outputDirectory);
-    /// Puts a definition in front of all others of the body.
-    void prepend(Arena& arena, Tree* def);
+    /// Puts definitions in front of all others of the body.
+    void prepend(Arena& arena, std::span<Tree* const> defs);
 
     Tree* extending; ///< null if there is no clause
     Trees implementing;
