@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::size_t FIRST_BUFFER = 32768;
 constexpr std::string_view CLASS_SUFFIX = ".class";
+constexpr std::size_t LONGEST_PACKAGE_NAME = 4096; // no path of this system is longer
 
 /// The relative path of a class or package: its flat name with the file separator for each dot.
 void appendPath(std::string& path, const Name* flatName) {
@@ -102,6 +103,7 @@ void ClassFile::forget(ClassSymbol* c) {
 
 ClassSymbol* ClassFile::enterPackage(Name* name) {
     if (name == nullptr) return context().rootPackage;
+    if (name->length > LONGEST_PACKAGE_NAME) limitExceeded("length of a package name");
     ClassSymbol* known = context().findClass(name);
     if (known != nullptr && known->kind == PCK) return known;
     // A class that nobody has seen yet gives way to the package.

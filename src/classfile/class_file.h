@@ -66,7 +66,7 @@ public:
     /// now.
     virtual ClassSymbol* load(Name* name);
     /// The package of that name (null: the root package), known or made now. Throws ClassNotFound if a class has the
-    /// name.
+    /// name, or if it is too long for a path: a name of very many parts would be looked up at each of its dots.
     virtual ClassSymbol* enterPackage(Name* name);
     /// Lists the classes of the package into its members; false if no place has the package.
     virtual bool fillPackage(ClassSymbol* package);

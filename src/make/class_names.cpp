@@ -100,7 +100,7 @@ std::int32_t Maker::homonymsOf(const ClassNode& importer, const ImportRecord& im
 std::uint32_t Maker::hidingMembers(const ClassNode& importer, const ClassNode& c) {
     std::uint32_t found = 0;
     for (const ClassNode* member = c.members; member != nullptr; member = member->nextMember) {
-        if (!member->hasHomonym || importer.imps.find(member->name) != nullptr || !exists(*member)) continue;
+        if (importer.imps.find(member->name) != nullptr || !exists(*member)) continue;
         for (const ClassNode* other = graph_.firstOfLastName(member->lastName); other; other = other->nextHomonym)
             if (other != member && importer.imps.find(other->name) != nullptr) found += mixed(member->name, 2);
     }

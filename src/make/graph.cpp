@@ -44,12 +44,19 @@ void Graph::link(ClassNode& node) {
         char first = node.simpleName->view()[static_cast<std::size_t>(dollar) + 1];
         bool isMember = first < '0' || first > '9';
         node.lastName = isMember ? node.simpleName->subName(dollar + 1, length) : nullptr;
-        if (isMember) node.nextMember = std::exchange(node.outer->members, &node);
     }
     if (node.lastName == nullptr) return;
     ClassNode*& newest = classByLastName_[node.lastName];
-    if (newest != nullptr) node.hasHomonym = newest->hasHomonym = true;
+    if (newest != nullptr) {
+        markHomonym(node);
+        if (!newest->hasHomonym) markHomonym(*newest);
+    }
     node.nextHomonym = std::exchange(newest, &node);
+}
+
+void Graph::markHomonym(ClassNode& node) {
+    node.hasHomonym = true;
+    if (node.outer != nullptr) node.nextMember = std::exchange(node.outer->members, &node);
 }
 
 ClassNode* Graph::firstOfLastName(Name* lastName) const {

@@ -121,8 +121,8 @@ struct ClassNode {
     // By the shape of names, and so also for nodes of classes that don't exist
     Name* lastName = nullptr;         ///< behind the last "." or "$"; null for local and anonymous classes
     ClassNode* outer = nullptr;       ///< the class around it; null if there is none
-    ClassNode* members = nullptr;     ///< the first of its member classes
-    ClassNode* nextMember = nullptr;  ///< of the same outer class
+    ClassNode* members = nullptr;     ///< the first of its member classes that have homonyms
+    ClassNode* nextMember = nullptr;  ///< the next one of the same outer class
     ClassNode* nextHomonym = nullptr; ///< an older one of that last name
     bool hasHomonym = false;          ///< there is another of that last name
 };
@@ -186,6 +186,7 @@ public:
 
 private:
     void link(ClassNode& node);
+    static void markHomonym(ClassNode& node);
 
     NameTableOf<ClassNode*> classByName_;
     NameTableOf<ClassNode*> classByLastName_;

@@ -109,8 +109,10 @@ bool checkUnique(int pos, Symbol* sym, Scope* scope) {
     const Symbol* wanted = sym->sym;
     for (Symbol* entry = scope->lookup(sym->name); entry->scope == scope; entry = entry->nextEntry()) {
         const Symbol* other = entry->sym;
-        if (other == wanted || other->kind != wanted->kind || isErroneous(other->type)) continue;
-        if (other->kind == MTH && !sameTypes(*other->type->argTypes(), *wanted->type->argTypes())) continue;
+        if (other == wanted || other->kind != wanted->kind) continue;
+        const Types* args = other->kind == MTH ? other->type->argTypes() : nullptr;
+        if (args != nullptr && !sameTypes(*args, *wanted->type->argTypes())) continue;
+        if (isErroneous(other->type)) continue;
         reportError(pos, messages::duplicateDefinition, wanted, wanted->location());
         return false;
     }

@@ -214,5 +214,24 @@ TEST(Nesting, OfASourceIsBoundedAndReportedOnce) {
     }
 }
 
+/// A name of 40,000 parts would be looked up at each of its dots, and the texts would take gigabytes.
+TEST(PackageName, BeyondTheLongestPathIsNotLookedUp) {
+    if (!fs::exists(TARN_CLASSES)) GTEST_SKIP() << "there is no class library";
+    std::string name = "x";
+    for (int i = 0; i < 500; ++i) name += "\n.ninebytes";
+    const std::string sources[] = {
+        "class D { int i = " + name + "; }",  "class D { " + name + " field; }",   "import " + name + "; class D { }",
+        "import " + name + ".*; class D { }", "package " + name + "; class D { }", "class D extends " + name + " { }",
+    };
+    for (const std::string& source : sources) {
+        CaseFile tested;
+        tested.sources.push_back({"D.java", source});
+        std::vector<Diagnostic> reported = compile(tested);
+        ASSERT_EQ(reported.size(), 1) << source.substr(0, 20);
+        EXPECT_EQ(reported.front().number, 302) << source.substr(0, 20);
+        EXPECT_TRUE(reported.front().text.ends_with("; length of a package name exceeded")) << source.substr(0, 20);
+    }
+}
+
 } // namespace
 } // namespace tarn::test
