@@ -1,4 +1,4 @@
-/** float and double: arithmetic, the special values, comparisons of the unordered, and constants against variables. */
+/** float and double: the special values, comparisons of the unordered, and constants against variables. */
 public class Main {
     static final double NAN = Double.NaN, INF = Double.POSITIVE_INFINITY;
 
@@ -8,31 +8,6 @@ public class Main {
 
     static String bits(float f) {
         return Integer.toHexString(Float.floatToIntBits(f));
-    }
-
-    static void arithmetic() {
-        double[] ds = { 0.0, -0.0, 1.5, -2.25, 1e300, 4.9e-324, INF, -INF, NAN };
-        for (int i = 0; i < ds.length; i++) {
-            StringBuffer line = new StringBuffer(bits(ds[i]) + ":");
-            for (int j = 0; j < ds.length; j++) {
-                double a = ds[i], b = ds[j];
-                long sum = Double.doubleToLongBits(a + b) * 3 + Double.doubleToLongBits(a - b) * 5
-                    + Double.doubleToLongBits(a * b) * 7 + Double.doubleToLongBits(a / b) * 11 + Double.doubleToLongBits(a % b) * 13;
-                line.append(' ').append(Long.toHexString(sum));
-            }
-            System.out.println(line);
-        }
-        float[] fs = { 0f, -0f, 1.5f, -2.25f, 1e38f, 1.4e-45f, (float) INF, (float) -INF, (float) NAN };
-        for (int i = 0; i < fs.length; i++) {
-            StringBuffer line = new StringBuffer(bits(fs[i]) + ":");
-            for (int j = 0; j < fs.length; j++) {
-                float a = fs[i], b = fs[j];
-                int sum = Float.floatToIntBits(a + b) * 3 + Float.floatToIntBits(a - b) * 5
-                    + Float.floatToIntBits(a * b) * 7 + Float.floatToIntBits(a / b) * 11 + Float.floatToIntBits(a % b) * 13;
-                line.append(' ').append(Integer.toHexString(sum));
-            }
-            System.out.println(line);
-        }
     }
 
     static String compare(double a, double b) {
@@ -157,7 +132,6 @@ public class Main {
     }
 
     public static void main(String[] args) {
-        arithmetic();
         comparisons();
         folding();
         constants();

@@ -34,32 +34,6 @@ TEST_F(ReaderTest, TakesFilesOfItsOwnVersionOnly) {
     }
 }
 
-TEST_F(ReaderTest, FillsTheSymbol) {
-    put("p/I", ClassBytes("p/I", "java/lang/Object"));
-    ClassBytes c("p/C", "java/lang/Object");
-    c.flags = 0x31;
-    c.interfaces = {c.cls("p/I")};
-    c.field(0x2, "count", "I");
-    c.method(0x1, "<init>", "()V");
-    c.method(0x9, "sum", "([J[[Ljava/lang/Object;Z)D");
-    c.attributes = {c.attribute("SourceFile", Assembled().u2(c.utf8("C.java")).bytes)};
-    put("p/C", c);
-
-    ClassSymbol* read = load("p.C");
-    EXPECT_EQ(read->flags, 0x31U);
-    EXPECT_EQ(read->superclass, load("java.lang.Object"));
-    ASSERT_EQ(read->interfaces.size(), 1U);
-    EXPECT_EQ(read->interfaces[0], load("p.I"));
-    EXPECT_EQ(read->sourceFile->toString(), "C.java");
-    EXPECT_EQ(read->owner->toString(), "package p");
-    EXPECT_EQ(membersOf(read), "count <init> sum ");
-    EXPECT_EQ(member(read, "count")->flags, 0x2U);
-    EXPECT_EQ(member(read, "count")->type, here.intType);
-    EXPECT_EQ(member(read, "count")->owner, read);
-    EXPECT_EQ(member(read, "sum")->type->toString(), "(long[], java.lang.Object[][], boolean) -> double");
-    EXPECT_EQ(load("java.lang.Object")->superclass, nullptr);
-}
-
 TEST_F(ReaderTest, RefusesAFileOfAnotherClass) {
     put("p/C.class", ClassBytes("p/D", "java/lang/Object").build());
     EXPECT_EQ(failure("p.C"), "class file: p.C contains wrong class: p.D");

@@ -220,25 +220,6 @@ TEST_F(WriterTest, SortsLocalVariablesByTheirStart) {
     EXPECT_EQ(seen, "0+20@1 3+17@2 4+2@3 7+1@4 9+2@5 ");
 }
 
-TEST_F(WriterTest, HidesPrivateNamesWhenAsked) {
-    ClassSymbol* c = makeClass("C");
-    VarSymbol* hidden = addField(c, flag::PRIVATE, "count", here.intType);
-    MethodSymbol* alsoHidden = addMethod(c, flag::PRIVATE, "count");
-    MethodSymbol* constructor = addMethod(c, flag::PRIVATE, "<init>");
-    addField(c, flag::PROTECTED, "shown", here.intType);
-    Name* replacement = Name::fromBytes("_$" + std::to_string(hidden->name->index));
-    EXPECT_EQ(ClassFile::memberName(hidden), hidden->name);
-
-    here.options.obfuscate = true;
-    EXPECT_EQ(ClassFile::memberName(hidden), replacement);
-    EXPECT_EQ(ClassFile::memberName(alsoHidden), replacement);
-    EXPECT_EQ(ClassFile::memberName(constructor), constructor->name);
-    int use = c->pool->put(hidden);
-    ClassSymbol* read = readBack(c);
-    EXPECT_EQ(membersOf(read), replacement->toString() + " shown " + replacement->toString() + " <init> ");
-    EXPECT_EQ(static_cast<Symbol*>(read->pool->entries[static_cast<std::size_t>(use)])->name, replacement);
-}
-
 TEST_F(WriterTest, RefusesWhatTheFormatCannotCount) {
     struct Row {
         const char* message;

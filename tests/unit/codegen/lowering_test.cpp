@@ -61,19 +61,6 @@ TEST_F(LoweringTest, AccessMethodsAreNumberedByFirstUseAndNamedByOperation) {
                                          "invokevirtual A.access$349:(I)I, pop, "));
 }
 
-TEST_F(LoweringTest, AccessMethodsTakeWhatTheOperationNeeds) {
-    compileFine("class A { private byte b; private int i; private String s;\n"
-                "class B { void f(Object o) { b = 1; b += 1; b += 300; i += 1.5; i += 2L; s += 1; s += o; s += null; "
-                "} } }");
-    EXPECT_THAT(outlineOf("A").methods,
-                ElementsAre("<init>:()V", "final synthetic access$356:(I)Ljava/lang/String;",
-                            "final synthetic access$356:(Ljava/lang/Object;)Ljava/lang/String;",
-                            "final synthetic access$356:(Ljava/lang/String;)Ljava/lang/String;",
-                            "final synthetic access$256:(D)I", "final synthetic access$256:(J)I",
-                            "final synthetic access$149:(B)B", "final synthetic access$156:(B)B",
-                            "final synthetic access$156:(I)B"));
-}
-
 TEST_F(LoweringTest, CapturedVariablesComeFirst) {
     compileFine("class A { void m(final int n, final String s) {\n"
                 "class L { int k = 5; L(int own) { k += n; } String f() { return s; } int g() { return n; } }\n"

@@ -145,21 +145,6 @@ TEST(Name, PartsAndJoins) {
     EXPECT_EQ(Name::concat({}), Name::fromBytes(""));
 }
 
-TEST(Name, MatchesTheFileThatHoldsIt) {
-    struct Row {
-        std::string_view name;
-        std::string_view file;
-        bool matches;
-    };
-    const Row rows[] = {
-        {"Foo", "Foo.java", true},        {"Foo", "foo.java", true},    {"Foo", "/src/FOO.java", true},
-        {"Foo", "xfoo.java", false},      {"Foo", "oo.java", false},    {"Foo", "Foo", false},
-        {"Foo", "a.b/Foo.x.java", false}, {"Foo", "Foo.", true},        {"Foo", "Foo.d/Bar.java", false},
-        {"Foo", "Fop.java", false},       {"Foo", "src/Foo.jav", true}, {"Foo", "", false},
-    };
-    for (const Row& row : rows) EXPECT_EQ(Name::fromBytes(row.name)->matchesFile(row.file), row.matches) << row.file;
-}
-
 TEST(Token, SpellingsLeadToTheirKinds) {
     struct Row {
         Token kind;
