@@ -38,7 +38,7 @@ bool Maker::remakeForGoneImports(ClassNode& c) {
         const ClassNode& imported = graph_.classNode(*import);
         if (imported.state >= stamp_ + progress::IN_HAND && imported.outer == nullptr) return false;
         const PackageNode& package = packageNode(imported.packageName, false);
-        return !isUnchecked(package) && !package.library && !exists(imported);
+        return !isUnchecked(package) && !exists(imported);
     };
     std::span<ImportRecord* const> imports = c.imps.nodes();
     auto gone = std::find_if(imports.begin(), imports.end(), isGone);

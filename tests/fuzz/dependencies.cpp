@@ -32,12 +32,12 @@ public:
 };
 
 /// How many sources were compiled; -1 after errors.
-int make(const fs::path& place, const Corpus& corpus, bool nocheckstable) {
+int make(const fs::path& place, const StoreRef& library, bool nocheckstable) {
     Counting listener;
     SilentReporter reporter;
     Maker maker(listener);
     auto here = std::make_shared<DirectoryStore>(place.string());
-    maker.setClassPath(std::make_shared<const std::vector<StoreRef>>(std::vector<StoreRef>{here, corpus.bareLibrary}));
+    maker.setClassPath(std::make_shared<const std::vector<StoreRef>>(std::vector<StoreRef>{here, library}));
     maker.setSourcePath(std::make_shared<const std::vector<StoreRef>>(1, here));
     maker.setOutputDirectory(here);
     maker.setReporter(&reporter);
@@ -68,17 +68,18 @@ void runDependencies(const Corpus& corpus, Random& random) {
         fs::create_directories((place / file.name).parent_path());
         std::ofstream(place / file.name, std::ios::binary) << file.text;
     }
-    bool isGood = make(place, corpus, false) >= 0;
+    const StoreRef& library = random.oneIn(2) ? corpus.library.front() : corpus.bareLibrary;
+    bool isGood = make(place, library, false) >= 0;
     std::vector<fs::path> records;
     for (const auto& entry : fs::recursive_directory_iterator(place))
         if (entry.path().extension() == ".dependency") records.push_back(entry.path());
     std::sort(records.begin(), records.end());
     for (std::size_t count = 1 + random.below(2); !records.empty() && count > 0; count--) {
         garble(random, random.oneOf(records));
-        if (random.oneIn(4)) make(place, corpus, true);
-        require((make(place, corpus, false) >= 0) == isGood, "a garbled dependency file made an error");
+        if (random.oneIn(4)) make(place, library, true);
+        require((make(place, library, false) >= 0) == isGood, "a garbled dependency file made an error");
     }
-    require(!isGood || make(place, corpus, false) == 0, "a make did not settle");
+    require(!isGood || make(place, library, false) == 0, "a make did not settle");
     fs::remove_all(place);
 }
 
