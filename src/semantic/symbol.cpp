@@ -160,7 +160,10 @@ bool ClassSymbol::hasOuterInstance() const {
 
 void ClassSymbol::addConstantRef(VarSymbol* variable) {
     if (constantRefs == nullptr) constantRefs = Scope::make(nullptr, this);
-    for (Symbol* entry = constantRefs->lookup(variable->name); entry->scope != nullptr; entry = entry->nextEntry())
+    const Scope* last = std::exchange(variable->recordedIn, constantRefs);
+    if (last == constantRefs) return;
+    Symbol* entry = last == nullptr ? Scope::endMark() : constantRefs->lookup(variable->name);
+    for (; entry->scope != nullptr; entry = entry->nextEntry())
         if (entry->sym == variable) return;
     constantRefs->enter(variable->alias(variable->name));
 }

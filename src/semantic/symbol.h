@@ -118,6 +118,7 @@ public:
     VarDef* initDef = nullptr; ///< set while a final variable's initializer has not been settled yet
     /// -2: a variable whose declaration is not attributed yet; -1: attributed; during generation its variable index.
     int adr = -2;
+    const Scope* recordedIn = nullptr; ///< the `constantRefs` into which it was entered last
 };
 
 /// The number of a walk over supertypes. A walk leaves it on each class that it comes by, and so goes through each of
