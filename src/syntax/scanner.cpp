@@ -74,6 +74,10 @@ bool isMargin(const std::uint8_t* begin, const std::uint8_t* end) {
     return begin == end;
 }
 
+bool isDeprecation(const std::uint8_t* margin, const std::uint8_t* at) {
+    return std::memcmp(at, DEPRECATED.data(), DEPRECATED.size()) == 0 && isMargin(margin, at);
+}
+
 } // namespace
 
 Scanner::Scanner(Store& source, const std::optional<std::string>& encoding)
@@ -282,10 +286,7 @@ const std::uint8_t* Scanner::blockComment(const std::uint8_t* at) {
         const std::uint8_t* next = at + 1;
         if (c.code == '\\') {
             next = commentEscape(at, c);
-            if (!c.escaped) {
-                at = next;
-                continue;
-            }
+            if (!c.escaped) c.code = '\\'; // nothing special, whatever comes behind it
         }
         switch (c.code) {
         case '*':
@@ -297,8 +298,7 @@ const std::uint8_t* Scanner::blockComment(const std::uint8_t* at) {
             if (afterStar) return next;
             break;
         case '@':
-            if (isDoc && std::memcmp(at, DEPRECATED.data(), DEPRECATED.size()) == 0 && isMargin(margin, at))
-                deprecatedFlag = true;
+            if (isDoc && isDeprecation(margin, at)) deprecatedFlag = true;
             break;
         case '\r':
             if (*next == '\n') next++;

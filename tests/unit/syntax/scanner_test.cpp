@@ -290,6 +290,7 @@ TEST(Scanner, CommentsAreBlank) {
         {"// \\u001a b\na", "a"},
         {"// \x1A\na", ""},
         {R"(/* *\u002f a)", "a"},
+        {R"(/* *\\\u002f b */ a)", "a"},
         {R"(/* \u002a/ a /*\u002a\u002f b /* *\u002a/ c)", "a b c"},
         {R"(\u002f\u002a \u002f*/ a /\u002f b)", "a"},
         {"/* \\u002a /* \\ */ a", "a"},
