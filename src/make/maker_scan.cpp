@@ -79,6 +79,26 @@ StoreRef Maker::findClassFile(const ClassNode& c) {
 
 // ---- sources
 
+namespace {
+
+/// Takes what the package has recorded of the source, which has not changed since.
+void adopt(SourceNode& source, const SourceNode& recorded) {
+    source.packageName = recorded.packageName;
+    source.imports = recorded.imports;
+    source.defs = recorded.defs;
+    source.date = recorded.date;
+}
+
+[[noreturn]] void failMisplaced(const SourceNode& source, const StoreRef& store, Name* directory) {
+    ScopedSource here(store);
+    bool isCase = equalIgnoringCase(source.packageName->view(), directory->view());
+    reportError(0, isCase ? messages::packageDiffersInCase : messages::packageDoesNotMatchDirectory, source.packageName,
+                source.path, directory);
+    throw MakeAbort{};
+}
+
+} // namespace
+
 /// Takes the source up for this make; null if it is passed over: an earlier one of its name has its place, or its
 /// faults leave nothing of it. `directory` is the package whose directory it was found in, null for a source that was
 /// named.
@@ -93,18 +113,12 @@ SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory,
     if (source.state >= base_) return source.packageName == nullptr ? nullptr : &source;
     Date date = store->date();
     if (date == NO_DATE && directory != nullptr) return nullptr; // no file
+    auto isTaken = [this](const SourceNode* other) { return other != nullptr && other->state >= base_; };
     source.store = store;
-    SourceNode* old = nullptr;
     if (source.date != date && directory != nullptr) {
-        old = directory->sources.find(source.name);
-        if (old != nullptr && old->state >= base_) return nullptr;
-        if (old != nullptr && old->date == date) {
-            source.packageName = old->packageName;
-            source.imports = old->imports;
-            source.defs = old->defs;
-            source.date = date;
-        }
-        if (old == nullptr) old = &source;
+        const SourceNode* recorded = directory->sources.find(source.name);
+        if (isTaken(recorded)) return nullptr;
+        if (recorded != nullptr && recorded->date == date) adopt(source, *recorded);
     }
     if (source.date != date && !scanSource(source, date)) {
         source.state = stamp_;
@@ -115,17 +129,8 @@ SourceNode* Maker::validateSource(const StoreRef& store, PackageNode* directory,
     if (isEmpty && directory != nullptr) source.packageName = directory->name;
 
     PackageNode& package = packageNode(source.packageName, forMaking);
-    if (directory != nullptr && directory->name != package.name) {
-        ScopedSource here(store);
-        bool isCase = equalIgnoringCase(package.name->view(), directory->name->view());
-        reportError(0, isCase ? messages::packageDiffersInCase : messages::packageDoesNotMatchDirectory, package.name,
-                    source.path, directory->name);
-        throw MakeAbort{};
-    }
-    if (old == nullptr) {
-        old = package.sources.find(source.name);
-        if (old != nullptr && old->state >= base_) return nullptr;
-    }
+    if (directory != nullptr && directory->name != package.name) failMisplaced(source, store, directory->name);
+    if (isTaken(package.sources.find(source.name))) return nullptr;
     source.state = stamp_;
     package.sources.put(graph_.arena, &source);
     for (std::size_t i = source.defs.size(); i-- != 0;) validateClass(source.defs[i], package, source);
