@@ -22,10 +22,11 @@ bool Maker::isLeftover(const ClassNode& c) const {
     return false;
 }
 
-/// Whether there is a source or a class file that counts.
+/// Whether there is a source or a class file that counts. What a library has is known without a look at its files.
 bool Maker::exists(const ClassNode& c) {
     PackageNode& package = packageNode(c.packageName, false);
-    if (isUnchecked(package) || package.library) return package.classes.find(c.name) != nullptr;
+    bool isKnown = package.classes.find(c.name) != nullptr;
+    if (isUnchecked(package) || (package.library && isKnown)) return isKnown;
     scanPackage(package);
     return c.validated >= base_ && !isLeftover(c);
 }
@@ -37,8 +38,7 @@ bool Maker::remakeForGoneImports(ClassNode& c) {
     auto isGone = [this](const ImportRecord* import) {
         const ClassNode& imported = graph_.classNode(*import);
         if (imported.state >= stamp_ + progress::IN_HAND && imported.outer == nullptr) return false;
-        const PackageNode& package = packageNode(imported.packageName, false);
-        return !isUnchecked(package) && !exists(imported);
+        return !exists(imported);
     };
     std::span<ImportRecord* const> imports = c.imps.nodes();
     auto gone = std::find_if(imports.begin(), imports.end(), isGone);

@@ -25,13 +25,15 @@ bool isInPackage(const Name* flatName, const Name* package) {
     return !rest.empty() && rest.find('.') == std::string_view::npos;
 }
 
+/// The names of the records, sorted by their places in memory. No two records may have the same.
 template <class Record>
-bool hasTwice(const std::vector<Record>& records) {
+std::vector<const Name*> namesOf(const std::vector<Record>& records) {
     std::vector<const Name*> seen;
     seen.reserve(records.size());
     for (const Record& record : records) seen.push_back(record.name);
     std::sort(seen.begin(), seen.end());
-    return std::adjacent_find(seen.begin(), seen.end()) != seen.end();
+    if (std::adjacent_find(seen.begin(), seen.end()) != seen.end()) failCorrupted();
+    return seen;
 }
 
 } // namespace
@@ -127,7 +129,11 @@ DependencyRecords DependencyDecoder::records(ImportsRead wanted) {
     for (int i = 0; i < sourceCount_; i++) records.sources.push_back(source());
     for (int rest = u16(); rest > 0; rest--) records.classes.push_back(classRecord(wanted));
     if (position_ != bytes_.size()) failCorrupted();
-    if (hasTwice(records.sources) || hasTwice(records.classes)) failCorrupted();
+    namesOf(records.sources);
+    std::vector<const Name*> known = namesOf(records.classes);
+    for (const SourceRecord& source : records.sources)
+        for (const Name* defined : source.defs)
+            if (!std::binary_search(known.begin(), known.end(), defined)) failCorrupted();
     return records;
 }
 
@@ -147,6 +153,15 @@ ClassRecord DependencyDecoder::classRecord(ImportsRead wanted) {
     return record;
 }
 
+namespace {
+
+void setSuperclass(ClassRecord& record, ImportRecord* import) {
+    if (record.superclass != nullptr) failCorrupted();
+    record.superclass = import;
+}
+
+} // namespace
+
 void DependencyDecoder::imports(ClassRecord& record, int count) {
     int interfaceCount = u16();
     if (interfaceCount > count) failCorrupted();
@@ -159,7 +174,7 @@ void DependencyDecoder::imports(ClassRecord& record, int count) {
         int flags = byte();
         import->date = date();
         import->fprint = static_cast<std::int32_t>(u32());
-        if ((flags & dependencyformat::IS_SUPERCLASS) != 0) record.superclass = import;
+        if ((flags & dependencyformat::IS_SUPERCLASS) != 0) setSuperclass(record, import);
         if ((flags & dependencyformat::IS_INTERFACE) != 0) interfaces.push_back(import);
         if (record.hasRefs) {
             refs(import->varrefs);
@@ -170,6 +185,7 @@ void DependencyDecoder::imports(ClassRecord& record, int count) {
     bool isTwice = record.imps.size() != static_cast<std::uint32_t>(count);
     if (isTwice || record.imps.find(record.name) != nullptr) failCorrupted();
     if (interfaces.size() != static_cast<std::size_t>(interfaceCount)) failCorrupted();
+    if (record.superclass == nullptr && record.name != tarn::names().javaLangObject) failCorrupted();
     record.interfaces = arena_.copyArray<ImportRecord*>(interfaces);
 }
 
@@ -191,7 +207,7 @@ void DependencyDecoder::supertypes(ClassRecord& record, int count, bool areWante
         auto* supertype = arena_.make<ImportRecord>();
         supertype->name = Name::fromBytes(name);
         if (name.empty() || supertype->name == record.name) failCorrupted();
-        if ((flags & dependencyformat::IS_SUPERCLASS) != 0) record.superclass = supertype;
+        if ((flags & dependencyformat::IS_SUPERCLASS) != 0) setSuperclass(record, supertype);
         if ((flags & dependencyformat::IS_INTERFACE) != 0) interfaces.push_back(supertype);
     }
     record.interfaces = arena_.copyArray<ImportRecord*>(interfaces);

@@ -219,7 +219,7 @@ std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package
     byte(package.stable ? 1 : 0);
     date(writeDate);
     u16(package.sources.size());
-    for (const SourceNode* source : package.sources.nodes()) putSource(*source);
+    for (const SourceNode* source : package.sources.nodes()) putSource(*source, package);
     std::span<ClassNode* const> classes = package.classes.nodes();
     auto fitsName = [](const ClassNode* c) { return fits(c->name); };
     u16(static_cast<std::size_t>(std::count_if(classes.begin(), classes.end(), fitsName)));
@@ -228,8 +228,11 @@ std::span<const std::uint8_t> DependencyFiles::encode(const PackageNode& package
     return std::span(buffer_).first(position_);
 }
 
-void DependencyFiles::putSource(const SourceNode& source) {
-    bool isKnown = source.date != 0 && fits(source.defs) && fits(source.imports);
+/// A source of which the package does not have all classes, after an error, is scanned anew as well.
+void DependencyFiles::putSource(const SourceNode& source, const PackageNode& package) {
+    auto hasClass = [&](const Name* defined) { return package.classes.find(defined) != nullptr; };
+    bool isKnown = source.date != 0 && fits(source.defs) && fits(source.imports) &&
+                   std::all_of(source.defs.begin(), source.defs.end(), hasClass);
     name(source.name);
     date(isKnown ? source.date : 0);
     names(isKnown ? source.defs : std::span<Name*>());

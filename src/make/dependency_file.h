@@ -140,7 +140,7 @@ private:
     void name(const Name* name);
     void names(std::span<Name* const> names);
     void refs(const NodeTable<DefRecord>& table);
-    void putSource(const SourceNode& source);
+    void putSource(const SourceNode& source, const PackageNode& package);
     void putClass(const ClassNode& c);
     std::uint8_t* room(std::size_t count);
 

@@ -182,14 +182,15 @@ namespace {
 /// The date of a class file that was just written. Importers take a class as unchanged while its date is the one that
 /// they have seen, and dates are coarse, so a class that is written again within a moment gets a date of its own.
 ///
-/// The one before has the date that is recorded, or that its file has, where nothing is recorded.
+/// The one before has the date that is recorded, or that its file has, where nothing is recorded. What comes right
+/// after that date is put on a full unit as well, since some archives round down.
 Date dateOfWritten(Store& out, Date recorded, Date replaced) {
     constexpr Date MOMENT = 1800; // an hour; what is younger than that has been dated by another clock
     Date date = out.date();
-    Date latest = date - 1;
+    Date latest = date - 2;
     for (Date before : {recorded, replaced})
         if (before > latest && before - date <= MOMENT) latest = before;
-    if (latest < date) return date;
+    if (latest < date - 1) return date;
     if (auto* file = dynamic_cast<DirectoryStore*>(&out)) file->moveDateOn(latest - date + 1);
     return out.date();
 }

@@ -274,10 +274,12 @@ bool Maker::remakeForSupertypes(ClassNode& c) {
     return false;
 }
 
-/// Whether the supertype is another one than its importer has seen.
+/// Whether the supertype is another one than its importer has seen, or is gone.
 bool Maker::hasMoved(const ImportRecord& import) {
     ClassNode& supertype = graph_.classNode(import);
-    if (import.date == 0 || import.date == supertype.date) return false;
+    if (import.date == 0) return false;
+    if (!exists(supertype)) return true;
+    if (import.date == supertype.date) return false;
     if (!supertype.defsCached) cacheDefs(supertype);
     return import.fprint != supertype.fprint;
 }
@@ -302,10 +304,11 @@ bool Maker::isAbstractInFile(ClassNode& c) {
 
 /// A compile may need a class before the walk has decided about it. The class's file can hold methods of interfaces
 /// that have them no more, so the compile takes it along if a supertype is another one than it has seen, or can become
-/// one. Whether it does.
+/// one; and also if the file names a class that is gone. Whether it does.
 bool Maker::remakeUndecided(ClassNode& c) {
     bool isUndecided = compiling_ && c.state >= stamp_ && c.state <= stamp_ + progress::IN_HAND;
     if (!isUndecided || c.source == nullptr || c.sourceName == nullptr || !c.impsCached) return false;
+    if (remakeForGoneImports(c)) return true;
     const ImportRecord* changed = findSupertype(c, [&](const ImportRecord& import) {
         ClassNode& supertype = graph_.classNode(import);
         std::unordered_set<const ClassNode*> seen;

@@ -48,7 +48,7 @@ public:
     StoreRef makeDirectory(std::string_view name) override;
     void close() override;
 
-    /// Makes the file younger by that many units of a date. What cannot be is left undone.
+    /// Makes the file younger by that many units of a date, and its date a full unit. What cannot be is left undone.
     void moveDateOn(Date units);
 
 private:

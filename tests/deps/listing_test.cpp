@@ -48,6 +48,7 @@ TEST_F(Listing, TellsOneFactALine) {
               "class a.b.Outer imports a.b.Outer$In date 1997-02-09 21:56:40 fingerprint 00000012\n"
               "class a.b.Outer$In date 1997-02-09 21:56:40 fingerprint 00000012\n"
               "class a.b.Outer$In source Outer.java date 1997-02-09 21:40:00\n"
+              "class a.b.Outer$In extends a.b.Outer\n"
               "class a.b.Outer$In imports a.b.Outer date 1997-02-09 21:56:40 fingerprint 00000013\n"
               "class a.b.Alien date 1996-06-23 10:40:00 fingerprint 00000014\n",
               joined(factsOf(header, records)));

@@ -30,7 +30,8 @@ public:
 
 constexpr std::uint64_t WRITE_DATE = 6'250'000'000;
 
-/// A package with a source of two classes; the outer one extends Base, implements Runnable and uses two members.
+/// A package with a source of two classes; the outer one extends Base, implements Runnable and uses two members, the
+/// inner one extends the outer.
 inline DependencyBytes samplePackage(unsigned stable = 0, std::uint64_t writeDate = WRITE_DATE) {
     DependencyBytes file;
     file.u8(4).name("a.b").u8(stable).u64(writeDate);
@@ -45,7 +46,7 @@ inline DependencyBytes samplePackage(unsigned stable = 0, std::uint64_t writeDat
     file.name("java.lang.Runnable").u8(2).u64(0).u32(0).u16(0).u16(0);
     file.name("a.b.Outer$In").u8(0).u64(6'249'999'500).u32(18).u16(0).u16(0);
     file.name("a.b.Outer$In").u64(6'249'999'500).u32(18).name("Outer.java").u64(6'249'999'000);
-    file.u16(1).u16(0).u8(0).name("a.b.Outer").u8(0).u64(6'249'999'500).u32(19);
+    file.u16(1).u16(0).u8(0).name("a.b.Outer").u8(1).u64(6'249'999'500).u32(19);
     file.name("a.b.Alien").u64(6'240'000'000).u32(20).name("").u64(0).u16(0);
     return file;
 }

@@ -203,6 +203,7 @@ TEST_F(DependencyFile, WhatIsTooBigForTheFormatIsLeftOut) {
         for (int i = 0; i < varrefs; i++) add(import->varrefs, Name::fromString("f" + std::to_string(i)));
         if (funref != nullptr) add(import->funrefs, funref);
         c.imps.put(graph.arena, import);
+        c.superclass = import;
         big.classes.put(graph.arena, &c);
     };
     addClass("big.Most", true, 65535, Name::fromString(std::string(65535, 'x')));
@@ -269,8 +270,16 @@ TEST_F(DependencyFileHostile, FailuresAreToldInTheWarning) {
     twice.u8(4).name("a.b").u8(0).u64(0).u16(2);
     for (int i = 0; i < 2; i++) twice.name("S.java").u64(0).u16(0).u16(0);
     twice.u16(0);
+    DependencyBytes unknown;
+    unknown.u8(4).name("a.b").u8(0).u64(0).u16(1).name("S.java").u64(1).u16(1).name("a.b.S").u16(0).u16(0);
+    auto superclasses = [](unsigned first, unsigned second) {
+        DependencyBytes file;
+        file.u8(4).name("a.b").u8(0).u64(0).u16(0).u16(1).name("a.b.C").u64(1).u32(0).name("").u64(0);
+        file.u16(2).u16(0).u8(0).name("a.A").u8(first).u64(1).u32(0).name("a.B").u8(second).u64(1).u32(0);
+        return file.bytes;
+    };
     struct Row {
-        const Bytes& bytes;
+        const Bytes bytes;
         const char* name;
         const char* cause;
     };
@@ -278,7 +287,9 @@ TEST_F(DependencyFileHostile, FailuresAreToldInTheWarning) {
          {Row{version, "a.b", "bad format version"}, Row{samplePackage().bytes, "a.c", "contains wrong package a.b"},
           Row{trailing, "a.b", "corrupted file"}, Row{alien.bytes, "a.b", "corrupted file"},
           Row{deeper.bytes, "a.b", "corrupted file"}, Row{twice.bytes, "a.b", "corrupted file"},
-          Row{Bytes(), "a.b", "corrupted file"}, Row{Bytes(3'000'000, 7), "a.b", "bad format version"}}) {
+          Row{unknown.bytes, "a.b", "corrupted file"}, Row{superclasses(1, 1), "a.b", "corrupted file"},
+          Row{superclasses(0, 0), "a.b", "corrupted file"}, Row{Bytes(), "a.b", "corrupted file"},
+          Row{Bytes(3'000'000, 7), "a.b", "bad format version"}}) {
         reports.text.clear();
         EXPECT_FALSE(read(row.bytes, false, 0, row.name));
         EXPECT_EQ("warning error reading dependency file for package " + std::string(row.name) + ": " + row.cause +
@@ -286,6 +297,7 @@ TEST_F(DependencyFileHostile, FailuresAreToldInTheWarning) {
                   reports.text);
         EXPECT_TRUE(graph.classes.empty() && graph.sources.empty()) << row.cause;
     }
+    EXPECT_TRUE(read(superclasses(0, 1)));
 }
 
 TEST_F(DependencyFileHostile, AFileCutAnywhereLeavesNoTrace) {
