@@ -40,7 +40,6 @@ void Lowering::lower(CompilationUnit* unit) {
 }
 
 void Lowering::reset(CompilationUnit* unit) {
-    unit_ = unit;
     make_.setUnit(unit);
     movedClasses_.clear();
     classes_.clear();

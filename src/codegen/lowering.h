@@ -143,7 +143,6 @@ private:
     Tree* makeAccessConstructor(MethodSymbol* made, MethodSymbol* target, ClassDef* tree);
 
     TreeMaker make_;
-    CompilationUnit* unit_ = nullptr;
     std::vector<Tree*> movedClasses_; ///< inner classes taken out of their place, as their translation ended
     std::unordered_map<ClassSymbol*, ClassInfo> classes_; ///< every class of the unit
     std::unordered_map<MethodDef*, Parameters> parameters_;

@@ -95,8 +95,8 @@ void DependencyFiles::readRecords(PackageNode& package, Store& store, bool forMa
         printlnProgress("  reading " + store.toString() + " (" + std::string(word) + "stable)");
     }
     bool stable = header.stable == 1 && !forMaking;
-    bool isOfLibrary = decoder.sourceCount() == 0 && header.writeDate == LIBRARY_DATE && isInArchive(&store);
-    bool isLibrary = isOfLibrary && stable;
+    bool hasSources = decoder.sourceCount() != 0;
+    bool isLibrary = stable && !hasSources && header.writeDate == LIBRARY_DATE && isInArchive(&store);
     bool isUnchecked = stable && options.nocheckstable;
     ImportsRead wanted = isLibrary ? ImportsRead::NONE : isUnchecked ? ImportsRead::SUPERTYPES : ImportsRead::ALL;
     DependencyRecords records = decoder.records(wanted);

@@ -326,14 +326,6 @@ std::string Name::toString() const {
     return text;
 }
 
-std::u16string Name::toUtf16() const {
-    std::u16string text;
-    text.reserve(length);
-    const std::uint8_t* end = bytesOf(view()) + length;
-    for (const std::uint8_t* in = bytesOf(view()); in != end;) text += static_cast<char16_t>(readUnit(in, end));
-    return text;
-}
-
 void Name::copyTo(std::uint8_t* target) const {
     if (length != 0) std::memcpy(target, view().data(), length);
 }

@@ -46,8 +46,6 @@ public:
     [[nodiscard]] std::string toAscii() const;
     /// The text in ordinary UTF-8, for messages and output; a lone surrogate becomes U+FFFD.
     [[nodiscard]] std::string toString() const;
-    /// The text as UTF-16 units.
-    [[nodiscard]] std::u16string toUtf16() const;
     void copyTo(std::uint8_t* target) const;
 
     /// Identity; differs from run to run.

@@ -117,11 +117,11 @@ TEST(Name, InvalidUtf8CountsAsLatin1) {
 }
 
 TEST(Name, GarbledBytesDecodeWithoutReadingOn) {
-    EXPECT_EQ(Name::fromBytes("\xE2\x82")->toUtf16(), (std::u16string{0xE2, 0x82}));
+    EXPECT_EQ(Name::fromBytes("\xE2\x82")->toAscii(), "\\u00E2\\u0082");
     EXPECT_EQ(Name::fromBytes("a\xC3")->toAscii(), "a\\u00C3");
     EXPECT_EQ(Name::fromBytes("\xED\xA0\xBD!")->toString(), "\xEF\xBF\xBD!");
     EXPECT_EQ(Name::fromBytes("\xED\xB8\x80\xED\xA0\xBD")->toString(), "\xEF\xBF\xBD\xEF\xBF\xBD");
-    EXPECT_EQ(Name::fromBytes("\xED\xA0\xBD\xED\xB8\x80")->toUtf16(), u"\xD83D\xDE00");
+    EXPECT_EQ(Name::fromBytes("\xED\xA0\xBD\xED\xB8\x80")->toAscii(), "\\uD83D\\uDE00");
 }
 
 TEST(Name, PartsAndJoins) {
