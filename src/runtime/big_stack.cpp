@@ -2,13 +2,10 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <pthread.h>
 #include <sys/mman.h>
 #include <ucontext.h>
-
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/common_interface_defs.h>
-#endif
 
 namespace tarn {
 
@@ -51,46 +48,46 @@ struct Excursion {
     void (*function)(void*);
     void* argument;
     std::exception_ptr thrown;
-    ucontext_t home;
-    ucontext_t away;
-#if defined(__SANITIZE_ADDRESS__)
-    const void* homeBase = nullptr;
-    std::size_t homeSize = 0;
-#endif
 };
 Excursion* current = nullptr;
 
 /// An exception cannot unwind through the switch, so it is carried over by hand.
 void enterAway() {
     Excursion& excursion = *current;
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_finish_switch_fiber(nullptr, &excursion.homeBase, &excursion.homeSize);
-#endif
     try {
         excursion.function(excursion.argument);
     } catch (...) {
         excursion.thrown = std::current_exception();
     }
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_start_switch_fiber(nullptr, excursion.homeBase, excursion.homeSize);
-#endif
 }
 
-void travel(Excursion& excursion, const StackMemory& memory) {
-    ::getcontext(&excursion.away);
-    excursion.away.uc_stack.ss_sp = memory.base;
-    excursion.away.uc_stack.ss_size = memory.size;
-    excursion.away.uc_link = &excursion.home;
-    ::makecontext(&excursion.away, enterAway, 0);
 #if defined(__SANITIZE_ADDRESS__)
-    void* fakeStack = nullptr;
-    __sanitizer_start_switch_fiber(&fakeStack, memory.base, memory.size);
-#endif
-    ::swapcontext(&excursion.home, &excursion.away);
-#if defined(__SANITIZE_ADDRESS__)
-    __sanitizer_finish_switch_fiber(fakeStack, nullptr, nullptr);
-#endif
+/// The sanitizer knows the stacks of threads only.
+void travel(const StackMemory& memory) {
+    pthread_attr_t attributes;
+    pthread_t thread{};
+    ::pthread_attr_init(&attributes);
+    ::pthread_attr_setstack(&attributes, memory.base, memory.size);
+    auto start = [](void*) -> void* {
+        enterAway();
+        return nullptr;
+    };
+    if (::pthread_create(&thread, &attributes, start, nullptr) != 0) throw std::bad_alloc();
+    ::pthread_join(thread, nullptr);
+    ::pthread_attr_destroy(&attributes);
 }
+#else
+void travel(const StackMemory& memory) {
+    ucontext_t home;
+    ucontext_t away;
+    ::getcontext(&away);
+    away.uc_stack.ss_sp = memory.base;
+    away.uc_stack.ss_size = memory.size;
+    away.uc_link = &home;
+    ::makecontext(&away, enterAway, 0);
+    ::swapcontext(&home, &away);
+}
+#endif
 
 } // namespace
 
@@ -113,9 +110,9 @@ void runOnBigStack(void (*function)(void*), void* argument) {
     if (!memory.base) return function(argument);
     std::uintptr_t limitBefore = detail::stackLimit;
     detail::stackLimit = reinterpret_cast<std::uintptr_t>(memory.base) + guardSize;
-    Excursion excursion{function, argument, {}, {}, {}};
+    Excursion excursion{function, argument, {}};
     current = &excursion;
-    travel(excursion, memory);
+    travel(memory);
     current = nullptr;
     detail::stackLimit = limitBefore;
     ::munmap(memory.base, memory.size);
