@@ -304,11 +304,11 @@ bool Maker::isAbstractInFile(ClassNode& c) {
 
 /// A compile may need a class before the walk has decided about it. The class's file can hold methods of interfaces
 /// that have them no more, so the compile takes it along if a supertype is another one than it has seen, or can become
-/// one; and also if the file names a class that is gone. Whether it does.
+/// one; and also if a name in it has come to mean another class. Whether it does.
 bool Maker::remakeUndecided(ClassNode& c) {
     bool isUndecided = compiling_ && c.state >= stamp_ && c.state <= stamp_ + progress::IN_HAND;
     if (!isUndecided || c.source == nullptr || c.sourceName == nullptr || !c.impsCached) return false;
-    if (remakeForGoneImports(c)) return true;
+    if (remakeForGoneImports(c) || remakeForHomonyms(c)) return true;
     const ImportRecord* changed = findSupertype(c, [&](const ImportRecord& import) {
         ClassNode& supertype = graph_.classNode(import);
         std::unordered_set<const ClassNode*> seen;
