@@ -45,6 +45,24 @@ void completeClass(ClassSymbol* c) {
     tree->memberEnter(tree->env->outer);
 }
 
+namespace {
+
+void completeAbove(const ClassSymbol* c, Walk walk) {
+    auto complete = [walk](ClassSymbol* supertype) {
+        if (supertype == nullptr || !supertype->isNewTo(walk)) return;
+        completeClass(supertype);
+        completeAbove(supertype, walk);
+    };
+    complete(c->superclass);
+    for (ClassSymbol* i : c->interfaces) complete(i);
+}
+
+} // namespace
+
+void completeSupertypes(const ClassSymbol* c) {
+    completeAbove(c, newWalk());
+}
+
 bool completeIdle(ClassSymbol* c) {
     if (!isPending(c)) return false;
     for (const Symbol* around = c; around != nullptr && around->kind == TYP; around = around->owner) {
