@@ -47,30 +47,38 @@ void completeClass(ClassSymbol* c) {
 
 namespace {
 
-void completeAbove(const ClassSymbol* c, Walk walk) {
-    auto complete = [walk](ClassSymbol* supertype) {
-        if (supertype == nullptr || !supertype->isNewTo(walk)) return;
-        completeClass(supertype);
-        completeAbove(supertype, walk);
-    };
-    complete(c->superclass);
-    for (ClassSymbol* i : c->interfaces) complete(i);
+/// Does it with the class and all that it inherits from.
+template <class Action>
+void goUp(ClassSymbol* c, Walk walk, const Action& act) {
+    if (c == nullptr || !c->isNewTo(walk)) return;
+    act(c);
+    goUp(c->superclass, walk, act);
+    for (ClassSymbol* i : c->interfaces) goUp(i, walk, act);
 }
 
-} // namespace
-
-void completeSupertypes(const ClassSymbol* c) {
-    completeAbove(c, newWalk());
-}
-
-bool completeIdle(ClassSymbol* c) {
-    if (!isPending(c)) return false;
+/// Whether neither the class nor one around it is under way.
+bool isIdle(const ClassSymbol* c) {
     for (const Symbol* around = c; around != nullptr && around->kind == TYP; around = around->owner) {
         auto found = pendingClasses().find(static_cast<ClassSymbol*>(around->sym));
         if (found != pendingClasses().end() && found->second->localScope != nullptr) return false;
     }
-    completeClass(c);
     return true;
+}
+
+} // namespace
+
+void completeHierarchy(ClassSymbol* c) {
+    goUp(c, newWalk(), completeClass);
+}
+
+bool completeIdle(ClassSymbol* c) {
+    bool anyWaited = false;
+    goUp(c, newWalk(), [&anyWaited](ClassSymbol* waiting) {
+        if (!isPending(waiting) || !isIdle(waiting)) return;
+        completeClass(waiting);
+        anyWaited = true;
+    });
+    return anyWaited;
 }
 
 void completeImports(Name* sourcePath) {
@@ -88,7 +96,7 @@ ClassSymbol* attribBase(Env* env, Tree* tree, BaseRole role) {
     }
     ClassSymbol* c = type->tsym;
     if (c->type->tag != typetag::CLASS) return c;
-    completeClass(c);
+    completeHierarchy(c);
     if (role == BaseRole::EXTENDS && c->isInterface())
         reportError(tree->pos, messages::interfaceNotAllowed);
     else if (role == BaseRole::IMPLEMENTS && !c->isInterface())

@@ -16,10 +16,10 @@ namespace entry {
 /// Completes a class from source that still waits for it; does nothing for any other. While the clauses of another
 /// class or unit are being settled, the members of this one follow later.
 void completeClass(ClassSymbol* c);
-/// Completes all supertypes of the class that still wait for it. The clauses of a class from source have seen to this,
-/// but a class that was read from its file may inherit from one that comes from source.
-void completeSupertypes(const ClassSymbol* c);
-/// Completes the class if it waits for it and is not under way, nor a class around it; tells whether it did.
+/// Completes the class and all that it inherits from. The clauses of a class from source see to its supertypes, but one
+/// that was read from its file may inherit from one that comes from source.
+void completeHierarchy(ClassSymbol* c);
+/// Does the same, but passes over what is under way or stands within what is; tells whether anything waited for it.
 bool completeIdle(ClassSymbol* c);
 /// Resolves the imports of the unit of that source, if they still wait for it.
 void completeImports(Name* sourcePath);

@@ -67,7 +67,7 @@ void enterDue() {
     while (due().inMembers == 0 && !due().stubs.empty()) {
         ClassDef* tree = takeFirst(due().stubs);
         ScopedSource here(tree->env->toplevel->source);
-        completeSupertypes(tree->classSymbol());
+        completeHierarchy(tree->classSymbol());
         checks::addInterfaceStubs(tree);
     }
 }
