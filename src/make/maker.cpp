@@ -160,15 +160,22 @@ void Maker::pass(const MakeRoots& roots) {
 void Maker::endPass() {
     compiling_ = false;
     compiled_ = expected_ = nullptr;
-    if (remake_) {
-        for (ClassNode& c : graph_.classes)
-            if (c.store == NullStore::instance()) c.store = nullptr;
-        return;
-    }
+    if (remake_) return landAll();
     try {
         closeNodes();
     } catch (const MakeAbort&) { // an unwritable file, reported
     }
+}
+
+/// What was in the air when the pass was abandoned is found again by the next one.
+void Maker::landAll() {
+    std::vector<Name*> landed;
+    for (ClassNode& c : graph_.classes) {
+        if (c.store != NullStore::instance()) continue;
+        c.store = nullptr;
+        landed.push_back(c.name);
+    }
+    classFile_->forgetUnfinished(landed);
 }
 
 void Maker::closeNodes() {

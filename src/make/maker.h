@@ -104,6 +104,7 @@ private:
     void pass(const MakeRoots& roots);
     void checkSourcePath(const SourceNode& source, const PackageNode& package);
     void endPass();
+    void landAll();
     void closeNodes();
     void closePackage(PackageNode& package);
     void warnOfMissingPackages(const MakeRoots& roots);

@@ -6,6 +6,9 @@
 #include "semantic/scope.h"
 #include "store/null_store.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace tarn {
 
 namespace {
@@ -88,6 +91,28 @@ void MakerClassFile::forgetOutdated() {
             if (isCurrent && c->reading == Reading::DONE) forget(c);
         }
     }
+}
+
+namespace {
+
+bool inheritsUnread(const ClassSymbol* c, Walk walk) {
+    if (c == nullptr || std::exchange(c->walked, walk) == walk) return false;
+    if (c->reading == Reading::NAMED || c->reading == Reading::QUEUED) return true;
+    return inheritsUnread(c->superclass, walk) ||
+           std::any_of(c->interfaces.begin(), c->interfaces.end(), [&](auto* i) { return inheritsUnread(i, walk); });
+}
+
+} // namespace
+
+void MakerClassFile::forgetUnfinished(std::span<Name* const> classes) {
+    auto forgetRead = [this](ClassSymbol* c) {
+        if (c == nullptr || c->kind != TYP || c->reading != Reading::DONE) return;
+        replaced_.push_back(c->members);
+        forget(c);
+    };
+    for (Name* name : classes) forgetRead(context().findClass(name));
+    for (const auto& [name, c] : context().classes)
+        if (c->kind == TYP && inheritsUnread(c, newWalk())) forgetRead(c);
 }
 
 bool MakerClassFile::fillPackage(ClassSymbol* package) {

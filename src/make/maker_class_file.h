@@ -34,6 +34,9 @@ public:
     void outdateInheritors(std::span<Name* const> classes);
     /// Has outdated classes read again, before they are used. Between compiles only.
     void forgetOutdated();
+    /// A compile was broken off. Has those of its classes that were not generated read again, and all that inherits
+    /// from one that was to be read.
+    void forgetUnfinished(std::span<Name* const> classes);
 
 private:
     void redo(ClassSymbol* c);
