@@ -59,7 +59,8 @@ bool Maker::isOfLibrary(const ClassNode& c) {
     return packageNode(c.packageName, false).library;
 }
 
-/// All supertypes but Object, each once; those of a class of a library are not looked for.
+/// All supertypes but Object, each once; those of a class of a library are not looked for. One that is gone is left
+/// out: what inherits from it by its file is out of date, though the walk may not have come to it.
 std::vector<ClassNode*> Maker::supertypesOf(ClassNode& c) {
     std::vector<ClassNode*> found;
     const Walk walk = newWalk();
@@ -67,6 +68,7 @@ std::vector<ClassNode*> Maker::supertypesOf(ClassNode& c) {
     auto add = [&](const ImportRecord* supertype) {
         if (supertype == nullptr || supertype->name == names().javaLangObject) return;
         ClassNode& node = graph_.classNode(*supertype);
+        if (node.validated < base_ && !exists(node)) return;
         if (std::exchange(node.walked, walk) != walk) found.push_back(&node);
     };
     auto learn = [&](ClassNode& next) { // which can lead to a compile, and to other walks

@@ -194,11 +194,12 @@ void ClassDef::enterMembers() {
     ScopedSource here(env->toplevel->source);
     addDefaultConstructor();
     if (hasErroneousSupertype(c)) return;
+    // At once, since its members may need those of a class derived from it, which must not come first.
+    if (c->isAbstract() && !c->isInterface()) due().stubs.push_back(this);
     for (Tree* def : body->stats) {
         checkNoStatics(this, c, def);
         def->memberEnter(env);
     }
-    if (c->isAbstract() && !c->isInterface()) due().stubs.push_back(this);
     checkClashWithImport(this, c, env->toplevel);
 }
 

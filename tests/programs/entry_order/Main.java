@@ -14,5 +14,18 @@ public class Main {
         System.out.println(new XUser().own.value + new YUser().first.value);
         new ZQuiet().quiet();
         System.out.println(new Order().of("x") + new Order.Part().weight());
+        // A class repeats no abstract method that its superclass has from the same interface.
+        System.out.println(Further.class.getDeclaredMethods().length);
     }
 }
+
+class Ground {
+    static class Size { }
+}
+
+/** Its field needs the supertypes of a class derived from it. */
+abstract class Half extends Ground implements Runnable {
+    Further.Size size;
+}
+
+abstract class Further extends Half implements Runnable { }
